@@ -4,6 +4,7 @@
 #include "ovant.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 
 namespace ovant {

@@ -1,0 +1,80 @@
+// The family of descents from a node to a key, as one loop and a rule.
+#pragma once
+
+#include "compare/order.hpp"
+
+namespace ovant {
+
+// What a match does to the descent, and which step is remembered (the last one wins).
+enum class Match { stop, left, right };
+enum class Mark { none, left_turn, right_turn, match };
+
+struct Rule {
+    Match match;
+    Mark mark;
+};
+
+namespace rule {
+inline constexpr Rule key{Match::stop, Mark::none};
+inline constexpr Rule first{Match::left, Mark::match}, last{Match::right, Mark::match};
+inline constexpr Rule front{Match::left, Mark::none}, back{Match::right, Mark::none};
+inline constexpr Rule pred{Match::stop, Mark::right_turn}, succ{Match::stop, Mark::left_turn};
+inline constexpr Rule less{Match::left, Mark::right_turn}, less_equal{Match::right, Mark::right_turn};
+inline constexpr Rule greater{Match::right, Mark::left_turn}, greater_equal{Match::left, Mark::left_turn};
+} // namespace rule
+
+// Two kinds of trail.  A search keeps the node at hand and the marked one; nothing outside the call is written.
+struct NodeTrail {
+    Node at = nullptr, marked = nullptr;
+
+    void enter(Node n) { at = n; }
+    void turn(int) {}
+    void mark() { marked = at; }
+};
+
+// A path writes the stack: Node on entering, also a 0 at the end, Dir on turning, no Dir at a stop.
+struct PathTrail {
+    Entry *top;
+    Entry *marked = nullptr;
+
+    void enter(Node n) { top->Node = n; }
+    void turn(int dir) { top++->Dir = dir; }
+    void mark() { marked = top; }
+};
+
+// Goes down from n as the order says, one question a level, until it stops at a match or falls off.
+template <Rule R, class Nodes, class Trail, class Order>
+Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
+    for (trail.enter(n); n; trail.enter(n)) {
+        int dir = order(n);
+        if (dir == DIR_HERE) {
+            if constexpr (R.mark == Mark::match)
+                trail.mark();
+            if constexpr (R.match == Match::stop)
+                return trail;
+            dir = R.match == Match::left ? DIR_LEFT : DIR_RIGHT;
+        }
+        if ((R.mark == Mark::left_turn && dir == DIR_LEFT) || (R.mark == Mark::right_turn && dir == DIR_RIGHT))
+            trail.mark();
+        trail.turn(dir);
+        n = nodes.child(side_of(dir), n);
+    }
+    return trail;
+}
+
+// Goes on from n towards S to the end of the spine.
+template <Side S, class Nodes> Node end_of_spine(Nodes nodes, Node n) {
+    for (Node next = n; next; next = nodes.template child<S>(n))
+        n = next;
+    return n;
+}
+
+// The same on the stack from the entry that holds n: S at each entry passed.  Returns the last one, whose Dir is left
+// to the caller.
+template <Side S, class Nodes> Entry *push_spine(Nodes nodes, Entry *top, Node n) {
+    for (top->Node = n; (n = nodes.template child<S>(n)) != nullptr; top->Node = n)
+        top++->Dir = sign(S);
+    return top;
+}
+
+} // namespace ovant
