@@ -1,0 +1,120 @@
+// What the tests hold the library against: a recursive checker, a model of tree order, paths as text, stack canaries.
+#pragma once
+
+#include "host.hpp"
+
+#include <algorithm>
+#include <string>
+
+namespace ovant::test {
+
+inline int check_below(Node node, std::vector<Node> &order, int level) {
+    if (!node)
+        return 0;
+    if (level > 60 || order.size() > 1'000'000) {
+        ADD_FAILURE() << "the links run in a circle";
+        return 0;
+    }
+    const AVL_Link link = link_of(node);
+    const int left = check_below(link.Left, order, level + 1);
+    order.push_back(node);
+    const int right = check_below(link.Right, order, level + 1);
+    EXPECT_EQ(int{link.Balance}, right - left) << "Balance of record " << id_of(node);
+    EXPECT_LE(std::abs(right - left), 1) << "out of balance at record " << id_of(node);
+    return 1 + std::max(left, right);
+}
+struct Checked {
+    int height = 0;
+    std::vector<Node> order; // the nodes in tree order
+};
+// Fails the test where the subtree is no AVL tree in the order of the comparator.
+inline Checked check(const AVL_Tree *tree, Node root) {
+    Checked checked;
+    checked.height = check_below(root, checked.order, 0);
+    const int comparisons = seen.comparisons;
+    for (std::size_t i = 1; i < checked.order.size(); i++) {
+        const char *before = static_cast<char *>(checked.order[i - 1]), *after = static_cast<char *>(checked.order[i]);
+        EXPECT_GE(tree->Cmp(before + tree->KeyOff, after + key_off), 0) << "order at record " << id_of(after);
+    }
+    seen.comparisons = comparisons;
+    return checked;
+}
+inline Checked check(const AVL_Tree *tree) { return check(tree, tree->Root); }
+// The whole tree is sound and holds these nodes in this order.
+inline void expect_tree(const AVL_Tree *tree, const std::vector<Node> &order) { EXPECT_EQ(check(tree).order, order); }
+
+// Where a key stands in a sequence in tree order: the two boundaries of its equal run, as positions.
+struct Run {
+    std::size_t front, back;
+};
+inline Run run_of(const std::vector<Node> &order, int key, AVL_CmpFunc cmp = smallest_first) {
+    const int comparisons = seen.comparisons;
+    const auto answer = [&](Node node) { return cmp(static_cast<char *>(node) + key_off, &key); };
+    const auto front = std::partition_point(order.begin(), order.end(), [&](Node n) { return answer(n) > 0; });
+    const auto back = std::partition_point(front, order.end(), [&](Node n) { return answer(n) == 0; });
+    seen.comparisons = comparisons;
+    return {static_cast<std::size_t>(front - order.begin()), static_cast<std::size_t>(back - order.begin())};
+}
+inline std::vector<int> keys_of(const std::vector<Node> &nodes) {
+    std::vector<int> keys;
+    for (Node node : nodes)
+        keys.push_back(key_of(node));
+    return keys;
+}
+inline std::vector<int> ids_of(const std::vector<Node> &nodes) {
+    std::vector<int> ids;
+    for (Node node : nodes)
+        ids.push_back(id_of(node));
+    return ids;
+}
+
+// A path as text, "50L 30R 40H": keys and directions up to the entry; a "-" stands for Node 0, with no direction.
+inline std::string text_of(const AVL_Tree *tree, const Entry *top) {
+    std::string text;
+    for (const Entry *entry = tree->Stack; entry <= top; entry++) {
+        text += entry == tree->Stack ? "" : " ";
+        if (!entry->Node)
+            text += "-";
+        else
+            text += std::to_string(key_of(entry->Node)) +
+                    (entry->Dir >= -2 && entry->Dir <= 1 ? "NLHR"[entry->Dir + 2] : '?');
+    }
+    return text;
+}
+// From Root upward each entry's Dir leads to the next entry's Node.
+inline void expect_chain(const AVL_Tree *tree, const Entry *top) {
+    ASSERT_GE(top, tree->Stack);
+    EXPECT_EQ(tree->Stack->Node, tree->Root);
+    for (const Entry *entry = tree->Stack; entry < top; entry++) {
+        ASSERT_TRUE(entry->Node && (entry->Dir == DIR_LEFT || entry->Dir == DIR_RIGHT)) << text_of(tree, top);
+        const AVL_Link link = link_of(entry->Node);
+        EXPECT_EQ(entry[1].Node, entry->Dir == DIR_LEFT ? link.Left : link.Right) << text_of(tree, top);
+    }
+}
+
+// Paints the entries above a height, up to the 43 that every build has, and the sentinel; the end of its life fails
+// the test where one was written.
+class StackGuard {
+public:
+    StackGuard(AVL_Tree *tree, int height) : stack_(tree->Stack), first_(height + 1) {
+        for (int i = first_; i < entries; i++)
+            stack_[i] = {paint(), 77};
+        stack_[-1] = {paint(), 77};
+    }
+    ~StackGuard() {
+        for (int i = first_; i < entries; i++)
+            EXPECT_TRUE(stack_[i].Node == paint() && stack_[i].Dir == 77) << "entry " << i << " was written";
+        EXPECT_TRUE(stack_[-1].Node == paint() && stack_[-1].Dir == 77) << "the sentinel was written";
+        stack_[-1] = {nullptr, DIR_NEW};
+    }
+    StackGuard(const StackGuard &) = delete;
+    StackGuard &operator=(const StackGuard &) = delete;
+
+private:
+    static constexpr int entries = 43;
+    Node paint() const { return stack_; } // any address that is no node
+    Entry *stack_;
+    int first_;
+};
+
+} // namespace ovant::test

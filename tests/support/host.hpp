@@ -1,0 +1,140 @@
+// The host of the tests: records at odd addresses, and callbacks that note what the library asks of them.
+#pragma once
+
+#include "frame/nodes.hpp"
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace ovant::test {
+
+// A record: 3 bytes, link header, 1 byte, key, id.  Header and key lie at odd offsets, and since the size is odd too,
+// records that follow each other lie at even and odd addresses in turn.  The id counts the records as they are made.
+constexpr std::size_t link_off = 3;
+constexpr std::size_t key_off = link_off + sizeof(AVL_Link) + 1;
+constexpr std::size_t id_off = key_off + 8;
+struct Record {
+    unsigned char bytes[id_off + sizeof(int)];
+};
+static_assert(key_off % 2 == 1 && sizeof(Record) % 2 == 1);
+
+template <class Key = int> Key key_of(const void *node) { return load<Key>(node, key_off); }
+inline int id_of(const void *node) { return load<int>(node, id_off); }
+inline AVL_Link link_of(const void *node) { return load<AVL_Link>(node, link_off); }
+inline void set_link(Node node, Node left, Node right, int balance) {
+    store(node, link_off, AVL_Link{left, right, static_cast<signed char>(balance)});
+}
+inline void set_balance(Node node, int balance) { set_link(node, link_of(node).Left, link_of(node).Right, balance); }
+
+// What the callbacks were asked.  One Host lives at a time; making it starts a new record.
+enum class Handler { malloc, realloc, free, kill };
+struct Call {
+    Handler handler;
+    Node node;
+    const void *key;
+    void *context;
+    bool operator==(const Call &) const = default;
+};
+using Report = std::pair<int, int>; // function code, error code
+struct Seen {
+    int comparisons = 0;
+    std::vector<Call> calls;
+    std::vector<Report> reports;
+    std::optional<Node> answer; // given by Malloc, Realloc and Free in place of their own answer while it is set
+    std::vector<Node> killed() const {
+        std::vector<Node> nodes;
+        for (const Call &call : calls)
+            if (call.handler == Handler::kill)
+                nodes.push_back(call.node);
+        return nodes;
+    }
+};
+inline Seen seen;
+
+// Search keys are pointers to int, which like the keys in the nodes may lie anywhere.
+template <int Sign> int compare_ints(const void *node_key, const void *key) {
+    seen.comparisons++;
+    const int in_node = load<int>(node_key), sought = load<int>(key);
+    return Sign * ((in_node < sought) - (in_node > sought));
+}
+constexpr AVL_CmpFunc smallest_first = compare_ints<1>;
+constexpr AVL_CmpFunc largest_first = compare_ints<-1>;
+
+inline int note_report(int function, int error) {
+    seen.reports.emplace_back(function, error);
+    return 0;
+}
+
+// A node that goes loses its header, as a host may release it at once; key and id stay readable for the tests.
+inline void spoil_link(Node node) { std::memset(static_cast<char *>(node) + link_off, 0xDD, sizeof(AVL_Link)); }
+
+inline const AVL_NodeFuncs noting_handlers = {
+    // The context is the node, as with the two public tables.
+    .Malloc =
+        [](const void *key, void *context) {
+            seen.calls.push_back({Handler::malloc, nullptr, key, context});
+            return seen.answer.value_or(context);
+        },
+    .Realloc =
+        [](void *node, const void *key, void *context) {
+            seen.calls.push_back({Handler::realloc, node, key, context});
+            return seen.answer.value_or(node);
+        },
+    .Free =
+        [](void *node, const void *key, void *context) {
+            seen.calls.push_back({Handler::free, node, key, context});
+            const Node stays = seen.answer.value_or(nullptr);
+            if (stays != node)
+                spoil_link(node);
+            return stays;
+        },
+    .Kill =
+        [](void *node, void *context) {
+            seen.calls.push_back({Handler::kill, node, nullptr, context});
+            spoil_link(node);
+        },
+};
+
+class Host {
+public:
+    explicit Host(AVL_CmpFunc cmp = smallest_first, std::size_t offset_of_key = key_off)
+        : tree(AVL_Konstruktor(link_off, &noting_handlers, offset_of_key, cmp, note_report)) {
+        seen = {};
+    }
+    ~Host() { AVL_Destruktor(tree); }
+    Host(const Host &) = delete;
+    Host &operator=(const Host &) = delete;
+
+    // A record ready to go into a tree: the key, and a cleared header.
+    template <class Key = int> Node record(Key key) {
+        static_assert(sizeof key <= id_off - key_off);
+        Record &made = records_.emplace_back();
+        std::memset(&made, 0xA5, sizeof made);
+        set_link(&made, nullptr, nullptr, 0);
+        store(&made, key_off, key);
+        store(&made, id_off, static_cast<int>(records_.size()) - 1);
+        return &made;
+    }
+    Node with_id(int id) { return &records_[static_cast<std::size_t>(id)]; }
+    std::size_t count() const { return records_.size(); }
+    std::deque<Record> bytes() const { return records_; } // a copy, to compare with later
+    bool operator==(const std::deque<Record> &before) const {
+        if (before.size() != records_.size())
+            return false;
+        for (std::size_t i = 0; i < before.size(); i++)
+            if (std::memcmp(&before[i], &records_[i], sizeof(Record)) != 0)
+                return false;
+        return true;
+    }
+
+    AVL_Tree *const tree;
+
+private:
+    std::deque<Record> records_;
+};
+
+} // namespace ovant::test
