@@ -8,7 +8,7 @@ namespace ovant {
 // By strcasecmp's rules.
 int compare_folded(const char *search, const char *node);
 
-// Character by character; bytes that form no character count as themselves and stand behind all characters.
+// Character by character; bytes that form no character count as themselves, and none equals a character.
 int compare_multibyte(const char *search, const char *node);
 
 // Strings of unsigned 16-bit units that end in a unit 0, at any address.
