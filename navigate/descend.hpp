@@ -62,19 +62,14 @@ Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
     return trail;
 }
 
+// Whether a neighbour of an absent key counts.
+enum class Key { any, present };
+
 // Goes on from n towards S to the end of the spine.
 template <Side S, class Nodes> Node end_of_spine(Nodes nodes, Node n) {
     for (Node next = n; next; next = nodes.template child<S>(n))
         n = next;
     return n;
-}
-
-// The same on the stack from the entry that holds n: S at each entry passed.  Returns the last one, whose Dir is left
-// to the caller.
-template <Side S, class Nodes> Entry *push_spine(Nodes nodes, Entry *top, Node n) {
-    for (top->Node = n; (n = nodes.template child<S>(n)) != nullptr; top->Node = n)
-        top++->Dir = sign(S);
-    return top;
 }
 
 } // namespace ovant

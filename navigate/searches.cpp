@@ -9,9 +9,7 @@ template <Rule R> NodeTrail search(const AVL_Tree *tree, const void *key) {
     return descend<R>(Nodes(tree), tree->Root, HostOrder(tree, key), NodeTrail{});
 }
 
-// The neighbour towards S of the first node that matches.  An absent key has one only if it need not be present.
-enum class Key { any, present };
-
+// The neighbour towards S of the first node that matches, or of the place where an absent key would stand.
 template <Side S, Key K> Node neighbour(const AVL_Tree *tree, const void *key) {
     const Nodes nodes(tree);
     const NodeTrail trail = search < S == Side::left ? rule::pred : rule::succ > (tree, key);

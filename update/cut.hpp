@@ -1,0 +1,71 @@
+// How a node leaves its place: links saved and handed on, the end of a spine cut off, the gap closed.
+#pragma once
+
+#include "balance/fix_pfad.hpp"
+#include "navigate/positions.hpp"
+
+namespace ovant {
+
+template <class Nodes> SavedLink read_links(Nodes nodes, Node n) {
+    return {nodes.template child<Side::left>(n), nodes.template child<Side::right>(n), nodes.balance(n)};
+}
+
+template <class Nodes> Node write_links(Nodes nodes, Node n, const SavedLink &saved) {
+    nodes.template hang<Side::left>(n, saved.left);
+    nodes.template hang<Side::right>(n, saved.right);
+    nodes.set_balance(n, saved.balance);
+    return n;
+}
+
+// What becomes of a node at the end of a spine: the node that stays at its place, or 0.
+inline Node gone(Node) { return nullptr; }
+
+// Takes the last node towards S out of the subtree at *slot and repairs the subtree on the way back.  Returns the node,
+// its header still as it was, or 0 for an empty slot; *slot takes the new root, *change the change of height, 0 or -1.
+// Writes only the Node of the work entries, one for each level of the spine.  The node's inner child moves up, read
+// before fate(node), which may release the node, keep it or put another into its place.
+template <Side S, class Nodes, class Fate> Node cut(Nodes nodes, Entry *work, Node *slot, Change *change, Fate fate) {
+    *change = 0;
+    if (!*slot)
+        return nullptr;
+    Entry *const top = push_spine<S, false>(nodes, work, *slot);
+    const Node last = top->Node, inner = nodes.template child<!S>(last);
+    const Node stays = fate(last);
+    if (stays == last)
+        return last;
+    top->Node = stays ? stays : inner;
+    *change = fix_spine<S>(nodes, work, top, stays ? 0 : -1);
+    *slot = work->Node;
+    return last;
+}
+
+// The node with these links goes.  A node of its higher subtree takes over the place: the one next to it in tree
+// order, from the right if both are level; or, beside an empty side, the only child there can be.  The entry top takes
+// the new root of the subtree and serves as first work entry.  Returns the change of height.  A balance that no sound
+// tree holds is left alone.
+template <Side H, class Nodes> Change close_gap(Nodes nodes, Entry *top, SavedLink &saved) {
+    if (!saved.left || !saved.right) {
+        top->Node = saved.left ? saved.left : saved.right;
+        return -1;
+    }
+    Change change;
+    const Node heir = cut<!H>(nodes, top, &saved.child<H>(), &change, gone);
+    const bool was_level = saved.balance == 0;
+    saved.add_lean<H>(change);
+    top->Node = write_links(nodes, heir, saved);
+    return was_level ? 0 : change;
+}
+
+template <class Nodes> Change unlink(Nodes nodes, Entry *top, SavedLink &saved) {
+    if (saved.balance < -1 || saved.balance > 1)
+        return 0;
+    return saved.balance < 0 ? close_gap<Side::left>(nodes, top, saved) : close_gap<Side::right>(nodes, top, saved);
+}
+
+// The last step of every operation that changes the tree at a path.
+template <class Nodes> void carry_to_root(AVL_Tree *tree, Nodes nodes, Entry *top, Change change) {
+    fix_pfad(nodes, tree->Stack, top, change);
+    tree->Root = tree->Stack->Node;
+}
+
+} // namespace ovant
