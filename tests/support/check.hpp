@@ -19,8 +19,9 @@ inline int check_below(Node node, std::vector<Node> &order, int level) {
     const int left = check_below(link.Left, order, level + 1);
     order.push_back(node);
     const int right = check_below(link.Right, order, level + 1);
-    EXPECT_EQ(int{link.Balance}, right - left) << "Balance of record " << id_of(node);
-    EXPECT_LE(std::abs(right - left), 1) << "out of balance at record " << id_of(node);
+    if (link.Balance != right - left || std::abs(right - left) > 1) // a plain test: this runs millions of times
+        ADD_FAILURE() << "Balance " << int{link.Balance} << " at record " << id_of(node) << " above the heights "
+                      << left << " and " << right;
     return 1 + std::max(left, right);
 }
 struct Checked {
@@ -34,7 +35,8 @@ inline Checked check(const AVL_Tree *tree, Node root) {
     const int comparisons = seen.comparisons;
     for (std::size_t i = 1; i < checked.order.size(); i++) {
         const char *before = static_cast<char *>(checked.order[i - 1]), *after = static_cast<char *>(checked.order[i]);
-        EXPECT_GE(tree->Cmp(before + tree->KeyOff, after + key_off), 0) << "order at record " << id_of(after);
+        if (tree->Cmp(before + tree->KeyOff, after + key_off) < 0)
+            ADD_FAILURE() << "order at record " << id_of(after);
     }
     seen.comparisons = comparisons;
     return checked;
@@ -55,6 +57,36 @@ inline Run run_of(const std::vector<Node> &order, int key, AVL_CmpFunc cmp = sma
     seen.comparisons = comparisons;
     return {static_cast<std::size_t>(front - order.begin()), static_cast<std::size_t>(back - order.begin())};
 }
+
+// The three classic orders, by recursion.
+enum class Visit { before, between, after };
+inline void traverse(Node node, Visit visit, std::vector<Node> &nodes) {
+    if (!node)
+        return;
+    if (visit == Visit::before)
+        nodes.push_back(node);
+    traverse(link_of(node).Left, visit, nodes);
+    if (visit == Visit::between)
+        nodes.push_back(node);
+    traverse(link_of(node).Right, visit, nodes);
+    if (visit == Visit::after)
+        nodes.push_back(node);
+}
+inline std::vector<Node> traversal(const AVL_Tree *tree, Visit visit) {
+    std::vector<Node> nodes;
+    traverse(tree->Root, visit, nodes);
+    return nodes;
+}
+// Where a descent meets the run first, as a position in tree order: its node nearest to Root, the first in preorder.
+inline std::size_t nearest_to_root(const AVL_Tree *tree, const std::vector<Node> &order, Run run) {
+    const auto front = order.begin() + static_cast<std::ptrdiff_t>(run.front);
+    const auto back = order.begin() + static_cast<std::ptrdiff_t>(run.back);
+    for (Node node : traversal(tree, Visit::before))
+        if (const auto at = std::find(front, back, node); at != back)
+            return static_cast<std::size_t>(at - order.begin());
+    return order.size();
+}
+
 inline std::vector<int> keys_of(const std::vector<Node> &nodes) {
     std::vector<int> keys;
     for (Node node : nodes)
@@ -66,6 +98,17 @@ inline std::vector<int> ids_of(const std::vector<Node> &nodes) {
     for (Node node : nodes)
         ids.push_back(id_of(node));
     return ids;
+}
+
+// A tree as text, "60-(40+(,50),70)": keys with the sign of their Balance, then the children.
+inline std::string picture_of(Node node) {
+    if (!node)
+        return "";
+    const AVL_Link link = link_of(node);
+    std::string text = std::to_string(key_of(node));
+    if (link.Balance != 0)
+        text += std::abs(link.Balance) > 1 ? "?" : link.Balance < 0 ? "-" : "+";
+    return link.Left || link.Right ? text + "(" + picture_of(link.Left) + "," + picture_of(link.Right) + ")" : text;
 }
 
 // A path as text, "50L 30R 40H": keys and directions up to the entry; a "-" stands for Node 0, with no direction.
@@ -103,7 +146,8 @@ public:
     }
     ~StackGuard() {
         for (int i = first_; i < entries; i++)
-            EXPECT_TRUE(stack_[i].Node == paint() && stack_[i].Dir == 77) << "entry " << i << " was written";
+            if (stack_[i].Node != paint() || stack_[i].Dir != 77)
+                ADD_FAILURE() << "entry " << i << " was written";
         EXPECT_TRUE(stack_[-1].Node == paint() && stack_[-1].Dir == 77) << "the sentinel was written";
         stack_[-1] = {nullptr, DIR_NEW};
     }

@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <optional>
 #include <utility>
@@ -122,6 +123,7 @@ public:
     Node with_id(int id) { return &records_[static_cast<std::size_t>(id)]; }
     std::size_t count() const { return records_.size(); }
     std::deque<Record> bytes() const { return records_; } // a copy, to compare with later
+    void restore(const std::deque<Record> &before) { std::copy(before.begin(), before.end(), records_.begin()); }
     bool operator==(const std::deque<Record> &before) const {
         if (before.size() != records_.size())
             return false;

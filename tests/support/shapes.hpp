@@ -102,6 +102,58 @@ inline std::vector<Node> plant(Host &host, const Shape &shape, Keys keys = {}) {
     return built.order;
 }
 
+// A subtree that can be put back into its first shape, however often an operation takes it apart.
+struct Sapling {
+    Sapling(Host &host, const Shape &shape, Keys keys = {}) : Sapling(shape.height, build(host, shape, keys)) {}
+    Node restore() const {
+        for (std::size_t i = 0; i < order.size(); i++)
+            store(order[i], link_off, links[i]);
+        return root;
+    }
+    int height;
+    Node root;
+    std::vector<Node> order;
+    std::vector<AVL_Link> links;
+
+private:
+    Sapling(int tall, const Built &built) : height(tall), root(built.root), order(built.order) {
+        for (Node node : order)
+            links.push_back(link_of(node));
+    }
+};
+// One of each shape up to a height.
+inline std::vector<Sapling> saplings(Host &host, int up_to_height) {
+    std::vector<Sapling> all;
+    for (int height = 0; height <= up_to_height; height++)
+        for (unsigned index = 0; index < count_shapes(height); index++)
+            all.emplace_back(host, nth_shape(height, index));
+    return all;
+}
+
+// A tree from its picture, "60(40(,50),70)"; the balances are the true ones, however far a node leans.
+inline Node parse_below(Host &host, const char *&text, int &height) {
+    height = 0;
+    if (*text < '0' || *text > '9')
+        return nullptr;
+    int key = 0, left_tall = 0, right_tall = 0;
+    for (; *text >= '0' && *text <= '9'; text++)
+        key = 10 * key + (*text - '0');
+    const Node node = host.record(key);
+    Node left = nullptr, right = nullptr;
+    if (*text == '(') {
+        left = parse_below(host, ++text, left_tall);
+        right = parse_below(host, ++text, right_tall);
+        ++text;
+    }
+    set_link(node, left, right, right_tall - left_tall);
+    height = 1 + std::max(left_tall, right_tall);
+    return node;
+}
+inline void plant(Host &host, const char *picture) {
+    int height;
+    host.tree->Root = parse_below(host, picture, height);
+}
+
 // Every shape up to a height, with equal runs of 1 to longest nodes: visit(shape, keys).
 template <class Visit> void for_all_shapes(int up_to_height, int longest_run, Visit visit) {
     for (int height = 0; height <= up_to_height; height++)
