@@ -185,7 +185,7 @@ typedef const char *(*AVL_FormatFunc)(char *buffer, void *node, void *context);
  *   funcs      the handlers, which must outlive the tree and all copies of it
  *   key_off    offset of the key inside a node; with 0 the comparator gets the node itself
  *   error      the error callback, 0 for Gen_SysError
- * Allocates the descriptor and its Stack, the only memory that the tree will ever need.
+ * Allocates descriptor and Stack, the only memory that the tree will ever need: 1,512 bytes with 64-bit pointers.
  * The caller owns the hold and ends it with AVL_Destruktor.  0 without memory, and nothing half-made remains.
  */
 OVANT_API AVL_Tree *AVL_Konstruktor(uintptr_t link_off, const AVL_NodeFuncs *funcs, uintptr_t key_off, AVL_CmpFunc cmp,
@@ -322,8 +322,8 @@ OVANT_API uint32_t Nodes_Max(unsigned char depth);
  * checks the tree any further.  The two forward walks share a code.
  */
 
-/* Gen_SysError: the default error callback.  0 if a person chose to go on; otherwise it does not return, the process
- * runs into a breakpoint trap (SIGTRAP on POSIX systems).
+/* Gen_SysError: the default error callback.  0 if a person chose to go on; otherwise the process first runs into a
+ * breakpoint trap (SIGTRAP), which ends it unless a debugger or a handler takes over.
  *   host's own box   a program that defines int ovant_message_box(text, title, flags) is asked through it; the answers
  *                    1 (OK), 4 (Retry) and 6 (Yes) go on
  *   terminal         title and message go to file descriptor 2, and r and Enter on descriptor 0 goes on.  Asked only if
@@ -867,7 +867,7 @@ OVANT_API int AVL_CMP_StringRevers(const void *node_key, const void *key);
 OVANT_API int AVL_CMP_String_Upper(const void *node_key, const void *key);
 /* AVL_CMP_PtrString: as AVL_CMP_String. */
 OVANT_API int AVL_CMP_PtrString(const void *node_key, const void *key);
-/* AVL_CMP_PtrTString: character by character in the multibyte encoding of the current locale. */
+/* AVL_CMP_PtrTString: by multibyte characters of the current locale; bytes that form none stand behind them. */
 OVANT_API int AVL_CMP_PtrTString(const void *node_key, const void *key);
 /* AVL_CMP_PtrUString: strings of 16-bit units that end in a unit 0, unit by unit, unsigned. */
 OVANT_API int AVL_CMP_PtrUString(const void *node_key, const void *key);
