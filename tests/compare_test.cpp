@@ -1,0 +1,136 @@
+// The ready-made comparators: each pair of keys, and the order of a tree built on them.
+#include "support/check.hpp"
+
+#include <array>
+#include <clocale>
+#include <limits>
+#include <random>
+
+using namespace ovant;
+using namespace ovant::test;
+
+namespace {
+
+const void *key_in(Node node) { return static_cast<char *>(node) + key_off; } // an odd offset
+
+// Asks for every pair of the keys, which come in tree order, and sorts them by insertion in a random order.
+template <class Key> void expect_order(AVL_CmpFunc cmp, std::vector<Key> keys, bool by_value = false) {
+    Host host(cmp);
+    std::vector<Node> nodes;
+    for (const Key &key : keys)
+        nodes.push_back(host.record(key));
+    const auto sought = [&](Node node) -> const void * {
+        return by_value ? reinterpret_cast<const void *>(std::uintptr_t{key_of<std::uint32_t>(node)}) : key_in(node);
+    };
+    for (std::size_t i = 0; i < nodes.size(); i++)
+        for (std::size_t j = 0; j < nodes.size(); j++)
+            EXPECT_EQ(cmp(key_in(nodes[i]), sought(nodes[j])), (i < j) - (i > j)) << i << " and " << j;
+
+    std::vector<Node> mixed = nodes, sorted;
+    std::shuffle(mixed.begin(), mixed.end(), std::mt19937(1));
+    for (Node node : mixed)
+        EXPECT_EQ(AVL_InsertUnique(host.tree, sought(node), node), node);
+    for (Node node : mixed)
+        EXPECT_EQ(AVL_InsertUnique(host.tree, sought(node), node), nullptr);
+    check_below(host.tree->Root, sorted, 0);
+    EXPECT_EQ(sorted, nodes);
+}
+
+template <class Key> std::vector<Key> reversed(std::vector<Key> keys) {
+    std::reverse(keys.begin(), keys.end());
+    return keys;
+}
+
+TEST(Compare, IntegersByWidthAndSign) {
+    expect_order<std::int8_t>(AVL_CMP_SignedChar, {127, 100, 1, 0, -1, -128});
+    expect_order<std::uint8_t>(AVL_CMP_UnsignedChar, {255, 128, 127, 1, 0});
+    expect_order<std::int16_t>(AVL_CMP_SignedShort, {32767, 256, 255, 0, -1, -256, -32768});
+    expect_order<std::uint16_t>(AVL_CMP_UnsignedShort, {65535, 32768, 32767, 256, 255, 0});
+    expect_order<std::int32_t>(AVL_CMP_SignedLong, {INT32_MAX, 65536, 255, 0, -1, -65536, INT32_MIN});
+    const std::vector<std::uint32_t> handles{0, 1, 255, 256, 0x7FFFFFFF, 0x80000000, 0xFFFFFFFF};
+    expect_order(AVL_CMP_HandlePointer, handles);
+    expect_order(AVL_CMP_HandleDirekt, reversed(handles), true);
+    EXPECT_EQ(&AVL_CMP_Time, &AVL_CMP_SignedLong);
+}
+
+template <class Float> void expect_float_order(AVL_CmpFunc cmp) {
+    using limits = std::numeric_limits<Float>;
+    const Float one = 1;
+    expect_order<Float>(cmp, {-limits::infinity(), -limits::max(), -one, -limits::denorm_min(), 0, limits::denorm_min(),
+                              one, one + limits::epsilon(), limits::max(), limits::infinity()});
+    const Float nan = limits::quiet_NaN(), plus = 0, minus = -plus;
+    EXPECT_EQ(cmp(&minus, &plus), 0);
+    EXPECT_EQ(cmp(&plus, &minus), 0);
+    for (const Float &other : {one, limits::infinity(), -limits::infinity(), nan}) {
+        EXPECT_EQ(cmp(&nan, &other), DIR_RIGHT);
+        EXPECT_EQ(cmp(&other, &nan), DIR_RIGHT);
+    }
+}
+TEST(Compare, FloatingPointWithNothingBesideNaN) {
+    expect_float_order<float>(AVL_CMP_Float);
+    expect_float_order<double>(AVL_CMP_Double);
+}
+
+using Text = std::array<char, 8>;
+Text text(const char *bytes) {
+    Text made{};
+    std::strncpy(made.data(), bytes, made.size() - 1);
+    return made;
+}
+std::vector<Text> texts(const std::vector<const char *> &pointers) {
+    std::vector<Text> made;
+    for (const char *bytes : pointers)
+        made.push_back(text(bytes));
+    return made;
+}
+
+TEST(Compare, StringsByUnsignedBytes) {
+    const std::vector<const char *> sorted{"", "\x01", "Z", "a", "ab", "abc", "b", "\x80", "\xE4", "\xE4\x01", "\xFF"};
+    expect_order(AVL_CMP_String, texts(sorted));
+    expect_order(AVL_CMP_StringRevers, reversed(texts(sorted)));
+    expect_order(AVL_CMP_PtrString, sorted);
+    expect_order(AVL_CMP_PtrTString, sorted); // in the C locale a character is a byte
+    expect_order(AVL_CMP_String_Upper, texts({"", "0", "_", "a", "Ab", "aBC", "b", "C", "Z"}));
+    EXPECT_EQ(AVL_CMP_String_Upper("aBc", "AbC"), 0);
+
+    EXPECT_EQ(AVL_CMP_String("zz", nullptr), DIR_RIGHT);
+    EXPECT_EQ(AVL_CMP_String_Upper("zz", nullptr), DIR_RIGHT);
+    EXPECT_EQ(AVL_CMP_StringRevers("zz", nullptr), DIR_LEFT);
+    EXPECT_EQ(AVL_CMP_StringRevers("", nullptr), DIR_LEFT);
+    for (AVL_CmpFunc cmp : {AVL_CMP_PtrString, AVL_CMP_PtrTString, AVL_CMP_PtrUString}) {
+        const void *none = nullptr; // and with no search string the node's pointer is not looked at
+        EXPECT_EQ(cmp(nullptr, nullptr), DIR_RIGHT);
+        EXPECT_EQ(cmp(nullptr, &none), DIR_RIGHT);
+    }
+}
+
+TEST(Compare, MultibyteStringsByCharacter) {
+    if (!std::setlocale(LC_CTYPE, "C.UTF-8"))
+        GTEST_SKIP() << "no UTF-8 locale on this machine";
+    // The lone byte E4 forms no character and stands as itself, below U+00E9, though its byte is above that one's C3.
+    expect_order<const char *>(AVL_CMP_PtrTString, {"", "a", "ab\xC3\xA9", "a\xE4", "a\xC3\xA9", "\xE2\x82\xAC"});
+    std::setlocale(LC_CTYPE, "C");
+}
+
+TEST(Compare, WideStringsByUnsignedUnits) {
+    const std::vector<std::u16string> sorted{u"",       u"\x0001", u"\x00FF", u"\x0100", u"\x0100\x0001",
+                                             u"\x7FFF", u"\x8000", u"\xD800", u"\xFFFF"};
+    std::vector<std::vector<char>> store;
+    std::vector<const char *> keys;
+    for (const std::u16string &units : sorted) { // strings at odd addresses too
+        store.emplace_back(1 + 2 * (units.size() + 1));
+        std::memcpy(store.back().data() + 1, units.c_str(), store.back().size() - 1);
+        keys.push_back(store.back().data() + 1);
+    }
+    expect_order(AVL_CMP_PtrUString, keys);
+}
+
+TEST(Compare, NormGivesTheSign) {
+    for (int value : {INT32_MIN, -2, -1})
+        EXPECT_EQ(AVL_CMP_String_to_Norm(value), -1);
+    for (int value : {1, 256, 65536, INT32_MAX})
+        EXPECT_EQ(AVL_CMP_String_to_Norm(value), 1);
+    EXPECT_EQ(AVL_CMP_String_to_Norm(0), 0);
+}
+
+} // namespace
