@@ -17,8 +17,8 @@ template <class Nodes> Node write_links(Nodes nodes, Node n, const SavedLink &sa
     return n;
 }
 
-// What becomes of a node at the end of a spine: the node that stays at its place, or 0.
-inline Node gone(Node) { return nullptr; }
+// A fate is asked what becomes of a node: it answers with the node that stays at the place, 0 for none.
+inline Node nothing_stays(Node) { return nullptr; }
 
 // Takes the last node towards S out of the subtree at *slot and repairs the subtree on the way back.  Returns the node,
 // its header still as it was, or 0 for an empty slot; *slot takes the new root, *change the change of height, 0 or -1.
@@ -39,23 +39,29 @@ template <Side S, class Nodes, class Fate> Node cut(Nodes nodes, Entry *work, No
     return last;
 }
 
-// The node with these links goes.  A node of its higher subtree takes over the place: the one next to it in tree
-// order, from the right if both are level; or, beside an empty side, the only child there can be.  The entry top takes
-// the new root of the subtree and serves as first work entry.  Returns the change of height.  A balance that no sound
-// tree holds is left alone.
+// Takes the node next to the place that saved describes out of its side H.
+template <Side H, class Nodes> Node take_heir(Nodes nodes, Entry *work, SavedLink &saved, Change *change) {
+    const Node heir = cut<!H>(nodes, work, &saved.child<H>(), change, nothing_stays);
+    saved.add_lean<H>(*change);
+    return heir;
+}
+
+// The node with these links goes; H is its higher side, the right one if both are level.  A node of that side takes
+// over the place, or, beside an empty side, the only child there can be.  The entry top takes the new root of the
+// subtree and serves as first work entry.  Returns the change of height.
 template <Side H, class Nodes> Change close_gap(Nodes nodes, Entry *top, SavedLink &saved) {
     if (!saved.left || !saved.right) {
         top->Node = saved.left ? saved.left : saved.right;
         return -1;
     }
-    Change change;
-    const Node heir = cut<!H>(nodes, top, &saved.child<H>(), &change, gone);
     const bool was_level = saved.balance == 0;
-    saved.add_lean<H>(change);
+    Change change;
+    const Node heir = take_heir<H>(nodes, top, saved, &change);
     top->Node = write_links(nodes, heir, saved);
     return was_level ? 0 : change;
 }
 
+// The same for any saved link.  A balance that no sound tree holds is left alone, with the place as it is.
 template <class Nodes> Change unlink(Nodes nodes, Entry *top, SavedLink &saved) {
     if (saved.balance < -1 || saved.balance > 1)
         return 0;

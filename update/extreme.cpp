@@ -7,7 +7,7 @@ namespace {
 
 template <Side S> Node take(AVL_Tree *tree) {
     Change change;
-    return cut<S>(Nodes(tree), tree->Stack, &tree->Root, &change, gone);
+    return cut<S>(Nodes(tree), tree->Stack, &tree->Root, &change, nothing_stays);
 }
 
 template <Side S> void free_extreme(AVL_Tree *tree, void *context) {

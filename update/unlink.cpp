@@ -11,8 +11,8 @@ Node AVL_WriteLinks(const AVL_Tree *tree, Node node, const SavedLink *saved) {
 }
 Change AVL_UnlinkNode(AVL_Tree *tree, Entry *top, SavedLink *saved) { return unlink(Nodes(tree), top, *saved); }
 Node AVL_CutMax(AVL_Tree *tree, Entry *work, Node *slot, Change *change) {
-    return cut<Side::right>(Nodes(tree), work, slot, change, gone);
+    return cut<Side::right>(Nodes(tree), work, slot, change, nothing_stays);
 }
 Node AVL_CutMin(AVL_Tree *tree, Entry *work, Node *slot, Change *change) {
-    return cut<Side::left>(Nodes(tree), work, slot, change, gone);
+    return cut<Side::left>(Nodes(tree), work, slot, change, nothing_stays);
 }

@@ -1,0 +1,52 @@
+// Paths that mark where a range begins and ends: boundaries, which are empty links, and pivots.
+#include "navigate/descend.hpp"
+#include "range/range.hpp"
+
+using namespace ovant;
+
+namespace {
+
+// To the empty link at the front or back boundary of key below root.  Returns the last entry that holds a node, or
+// start if there is none.
+template <Rule R> Entry *boundary(AVL_Tree *tree, Entry *start, Node root, const void *key) {
+    Entry *const top = descend<R>(Nodes(tree), root, HostOrder(tree, key), PathTrail{start}).top;
+    return top == start ? start : top - 1;
+}
+
+// To the first node that the order finds inside, or to the free position where the descent fell off.
+template <class Order> Entry *pivot(AVL_Tree *tree, const Order &order) {
+    return descend<rule::key>(Nodes(tree), tree->Root, order, PathTrail{tree->Stack}).top;
+}
+
+// Two of the five builders close the path on an empty tree.
+Entry *closed_if_empty(const AVL_Tree *tree, Entry *top) {
+    if (!tree->Root)
+        top->Dir = DIR_HERE;
+    return top;
+}
+
+} // namespace
+
+Entry *AVL_SubPfadLess(AVL_Tree *tree, Entry *start, Node root, const void *key) {
+    return boundary<rule::front>(tree, start, root, key);
+}
+Entry *AVL_SubPfadEqualLess(AVL_Tree *tree, Entry *start, Node root, const void *key) {
+    return boundary<rule::back>(tree, start, root, key);
+}
+
+AVL_PfadEntry *AVL_MakeLess(AVL_Tree *tree, const void *key) {
+    return closed_if_empty(tree, AVL_SubPfadLess(tree, tree->Stack, tree->Root, key));
+}
+AVL_PfadEntry *AVL_MakeEqualLess(AVL_Tree *tree, const void *key) {
+    return AVL_SubPfadEqualLess(tree, tree->Stack, tree->Root, key);
+}
+
+AVL_PfadEntry *AVL_MakeBetweenEqualEqual(AVL_Tree *tree, const void *first, const void *second) {
+    return pivot(tree, RangeOrder<+1, -1>(tree, first, second));
+}
+AVL_PfadEntry *AVL_MakeBetweenEqualLess(AVL_Tree *tree, const void *first, const void *second) {
+    return pivot(tree, RangeOrder<+1, 0>(tree, first, second));
+}
+AVL_PfadEntry *AVL_MakeBetweenGreaterLess(AVL_Tree *tree, const void *first, const void *second) {
+    return closed_if_empty(tree, pivot(tree, RangeOrder<0, 0>(tree, first, second)));
+}
