@@ -47,7 +47,7 @@ void print(const char *text) {
     sigemptyset(&terminal_output);
     sigaddset(&terminal_output, SIGTTOU);
     pthread_sigmask(SIG_BLOCK, &terminal_output, &before);
-    for (std::size_t rest = std::strlen(text); rest > 0 && ready(STDERR_FILENO, POLLOUT, 1000);) {
+    for (std::size_t rest = std::strlen(text); rest > 0 && ready(STDERR_FILENO, POLLOUT, 200);) {
         const ssize_t written = unless_interrupted([&] { return write(STDERR_FILENO, text, rest); });
         if (written <= 0)
             break;
