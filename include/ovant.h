@@ -867,7 +867,7 @@ OVANT_API int AVL_CMP_StringRevers(const void *node_key, const void *key);
 OVANT_API int AVL_CMP_String_Upper(const void *node_key, const void *key);
 /* AVL_CMP_PtrString: as AVL_CMP_String. */
 OVANT_API int AVL_CMP_PtrString(const void *node_key, const void *key);
-/* AVL_CMP_PtrTString: by multibyte characters of the current locale; bytes that form none stand behind them. */
+/* AVL_CMP_PtrTString: by multibyte characters of the current locale; bytes that form none count as themselves. */
 OVANT_API int AVL_CMP_PtrTString(const void *node_key, const void *key);
 /* AVL_CMP_PtrUString: strings of 16-bit units that end in a unit 0, unit by unit, unsigned. */
 OVANT_API int AVL_CMP_PtrUString(const void *node_key, const void *key);
