@@ -1,0 +1,31 @@
+#!/usr/bin/env bash
+# Builds and runs hosts against an installed library and against the sources, in every way that a host may find it.
+#   check.sh PREFIX WORK_FOLDER
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+prefix=$(realpath "$1") work=$(realpath -m "$2")
+
+by_cmake() { # by_cmake NAME CMAKE_ARGUMENTS
+    echo "-- a CMake host: $1"
+    cmake -G Ninja -S "$here" -B "$work/$1" "${@:2}" >"$work/$1.log" || { cat "$work/$1.log"; return 1; }
+    cmake --build "$work/$1" >>"$work/$1.log" || { cat "$work/$1.log"; return 1; }
+    ctest --test-dir "$work/$1" --output-on-failure | tail -n 4
+}
+
+mkdir -p "$work"
+by_cmake installed "-DCMAKE_PREFIX_PATH=$prefix"
+by_cmake installed-c "-DCMAKE_PREFIX_PATH=$prefix" -DHOST_LANGUAGES=C
+by_cmake subfolder "-DOVANT_SOURCE=$here/../.."
+
+echo "-- pkg-config"
+pc=$(find "$prefix" -name ovant.pc)
+PKG_CONFIG_PATH=$(dirname "$pc")
+export PKG_CONFIG_PATH LD_LIBRARY_PATH
+LD_LIBRARY_PATH=$(pkg-config --variable=libdir ovant)
+[ "$(pkg-config --modversion ovant)" = 1.3.0 ]
+read -ra flags <<<"$(pkg-config --cflags --libs ovant)"
+cc -std=c99 -Wall -Wextra -Wpedantic -Werror "$here/consumer.c" "${flags[@]}" -o "$work/by_pkgconfig_c"
+c++ -std=c++20 -Wall -Wextra -Wpedantic -Werror "$here/consumer.cpp" "${flags[@]}" -o "$work/by_pkgconfig_cpp"
+"$work/by_pkgconfig_c"
+"$work/by_pkgconfig_cpp"
+echo "-- all hosts build and run"
