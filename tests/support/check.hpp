@@ -46,10 +46,10 @@ inline Checked check(const AVL_Tree *tree) { return check(tree, tree->Root); }
 inline void expect_tree(const AVL_Tree *tree, const std::vector<Node> &order) { EXPECT_EQ(check(tree).order, order); }
 
 // Where a key stands in a sequence in tree order: the two boundaries of its equal run, as positions.
-struct Run {
+struct EqualRun {
     std::size_t front, back;
 };
-inline Run run_of(const std::vector<Node> &order, int key, AVL_CmpFunc cmp = smallest_first) {
+inline EqualRun run_of(const std::vector<Node> &order, int key, AVL_CmpFunc cmp = smallest_first) {
     const int comparisons = seen.comparisons;
     const auto answer = [&](Node node) { return cmp(static_cast<char *>(node) + key_off, &key); };
     const auto front = std::partition_point(order.begin(), order.end(), [&](Node n) { return answer(n) > 0; });
@@ -78,7 +78,7 @@ inline std::vector<Node> traversal(const AVL_Tree *tree, Visit visit) {
     return nodes;
 }
 // Where a descent meets the run first, as a position in tree order: its node nearest to Root, the first in preorder.
-inline std::size_t nearest_to_root(const AVL_Tree *tree, const std::vector<Node> &order, Run run) {
+inline std::size_t nearest_to_root(const AVL_Tree *tree, const std::vector<Node> &order, EqualRun run) {
     const auto front = order.begin() + static_cast<std::ptrdiff_t>(run.front);
     const auto back = order.begin() + static_cast<std::ptrdiff_t>(run.back);
     for (Node node : traversal(tree, Visit::before))
@@ -139,7 +139,7 @@ inline void expect_chain(const AVL_Tree *tree, const Entry *top) {
 // the test where one was written.
 class StackGuard {
 public:
-    StackGuard(AVL_Tree *tree, int height) : stack_(tree->Stack), first_(height + 1) {
+    StackGuard(AVL_Tree *tree, int height) : stack_(tree->Stack), sentinel_(stack_[-1]), first_(height + 1) {
         for (int i = first_; i < entries; i++)
             stack_[i] = {paint(), 77};
         stack_[-1] = {paint(), 77};
@@ -149,7 +149,7 @@ public:
             if (stack_[i].Node != paint() || stack_[i].Dir != 77)
                 ADD_FAILURE() << "entry " << i << " was written";
         EXPECT_TRUE(stack_[-1].Node == paint() && stack_[-1].Dir == 77) << "the sentinel was written";
-        stack_[-1] = {nullptr, DIR_NEW};
+        stack_[-1] = sentinel_;
     }
     StackGuard(const StackGuard &) = delete;
     StackGuard &operator=(const StackGuard &) = delete;
@@ -158,6 +158,7 @@ private:
     static constexpr int entries = 43;
     Node paint() const { return stack_; } // any address that is no node
     Entry *stack_;
+    Entry sentinel_;
     int first_;
 };
 
