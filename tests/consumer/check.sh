@@ -16,6 +16,7 @@ mkdir -p "$work"
 by_cmake installed "-DCMAKE_PREFIX_PATH=$prefix"
 by_cmake installed-c "-DCMAKE_PREFIX_PATH=$prefix" -DHOST_LANGUAGES=C
 by_cmake subfolder "-DOVANT_SOURCE=$here/../.."
+by_cmake subfolder-c "-DOVANT_SOURCE=$here/../.." -DHOST_LANGUAGES=C
 
 echo "-- pkg-config"
 pc=$(find "$prefix" -name ovant.pc)
