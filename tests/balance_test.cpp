@@ -16,19 +16,6 @@ int measure(Node node) {
         ADD_FAILURE() << "Balance " << int{link.Balance} << " above the heights " << left << " and " << right;
     return 1 + std::max(left, right);
 }
-void append_inorder(Node node, std::vector<Node> &order) {
-    if (!node)
-        return;
-    append_inorder(link_of(node).Left, order);
-    order.push_back(node);
-    append_inorder(link_of(node).Right, order);
-}
-std::vector<Node> inorder(Node root) {
-    std::vector<Node> order;
-    append_inorder(root, order);
-    return order;
-}
-
 Node over(Host &host, Side heavy_side, Node heavy, Node light, int lean) {
     const Node node = host.record(0);
     const bool right = heavy_side == Side::right;

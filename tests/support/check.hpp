@@ -24,6 +24,19 @@ inline int check_below(Node node, std::vector<Node> &order, int level) {
                       << left << " and " << right;
     return 1 + std::max(left, right);
 }
+// The nodes in tree order, of a subtree that need not be sound.
+inline void append_inorder(Node node, std::vector<Node> &order) {
+    if (!node)
+        return;
+    append_inorder(link_of(node).Left, order);
+    order.push_back(node);
+    append_inorder(link_of(node).Right, order);
+}
+inline std::vector<Node> inorder(Node root) {
+    std::vector<Node> order;
+    append_inorder(root, order);
+    return order;
+}
 struct Checked {
     int height = 0;
     std::vector<Node> order; // the nodes in tree order

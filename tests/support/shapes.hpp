@@ -110,6 +110,12 @@ struct Sapling {
             store(order[i], link_off, links[i]);
         return root;
     }
+    bool untouched() const {
+        for (std::size_t i = 0; i < order.size(); i++)
+            if (std::memcmp(static_cast<char *>(order[i]) + link_off, &links[i], sizeof(AVL_Link)) != 0)
+                return false;
+        return true;
+    }
     int height;
     Node root;
     std::vector<Node> order;
