@@ -59,8 +59,8 @@
  * and the operation goes on when the callback returns.  A contract that tells of no failure has none.
  *
  * Ownership: nodes are the host's.  The library never allocates, copies, moves or frees one by itself, never writes a
- * key and never clears a link header: a node that enters must have a cleared one, and a node that leaves keeps the one
- * it had.  Only handlers make or release nodes.  A tree that an operation hands out is a bare root: linked, balanced
+ * key and never clears a link header: a node that enters must have a cleared one, and a node that leaves by itself keeps
+ * the one it had.  Only handlers make or release nodes.  A tree that an operation hands out is a bare root: linked, balanced
  * nodes with no AVL_Tree around them.  The host releases them or returns them with AVL_ConcatLess or AVL_ConcatGreater.
  *
  * Cost: H is the height of the tree, at most about 1.44 log2(nodes).  A comparison is one call of Cmp.  No tree
@@ -94,8 +94,8 @@ extern "C" {
 /* ---- Records and constants ------------------------------------------------------------------------------------- */
 
 /* The link header inside each node, at one offset in all nodes of a tree: packed, so it may lie at any address.
- * 17 bytes with 64-bit pointers, 9 with 32-bit pointers.  Between two operations the library alone writes it, and every
- * Balance is true and lies in -1, 0, +1.  All zero is the header of a node that is in no tree.
+ * 17 bytes with 64-bit pointers, 9 with 32-bit pointers.  All zero is what a node brings along.  While it is in a tree
+ * the library alone writes its header, and between two operations every Balance is true and lies in -1, 0, +1.
  */
 #pragma pack(push, 1)
 typedef struct AVL_Link {
