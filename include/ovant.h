@@ -59,9 +59,10 @@
  * and the operation goes on when the callback returns.  A contract that tells of no failure has none.
  *
  * Ownership: nodes are the host's.  The library never allocates, copies, moves or frees one by itself, never writes a
- * key and never clears a link header: a node that enters must have a cleared one, and a node that leaves by itself keeps
- * the one it had.  Only handlers make or release nodes.  A tree that an operation hands out is a bare root: linked, balanced
- * nodes with no AVL_Tree around them.  The host releases them or returns them with AVL_ConcatLess or AVL_ConcatGreater.
+ * key and never clears a link header: a node that enters must have a cleared one, and a node that was taken out keeps
+ * its old one.  Only handlers make or release nodes.  A tree that an operation hands out is a bare root: linked,
+ * balanced nodes with no AVL_Tree around them.  The host releases them or gives them back with AVL_ConcatLess or
+ * AVL_ConcatGreater.
  *
  * Cost: H is the height of the tree, at most about 1.44 log2(nodes).  A comparison is one call of Cmp.  No tree
  * operation recurses, and after construction none allocates; only handlers and text functions do.
