@@ -1,0 +1,91 @@
+#include "load.hpp"
+
+#include "complain.hpp"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+
+Progress::Progress() : terminal_(isatty(STDERR_FILENO) != 0), next_(Clock::now() + 1s) {}
+
+void Progress::show(const std::string &name, std::uint64_t done, const char *unit) {
+    if (!terminal_ || Clock::now() < next_)
+        return;
+    shown_ = true;
+    next_ = Clock::now() + 200ms;
+    std::fprintf(stderr, "\r\033[K%s: %ju %s", name.c_str(), static_cast<std::uintmax_t>(done), unit);
+    std::fflush(stderr);
+}
+
+void Progress::hide() {
+    if (shown_)
+        std::fputs("\r\033[K", stderr);
+    shown_ = false;
+}
+
+// Reads to the end into one block.  (Not mapped: a log that is cut short while we read it must not end the program.)
+int Loader::read(int file, const std::string &name) {
+    struct stat status {};
+    const bool known = fstat(file, &status) == 0 && S_ISREG(status.st_mode);
+    std::size_t room = known ? static_cast<std::size_t>(status.st_size) + 1 : 65536, size = 0;
+    auto *text = static_cast<char *>(arena_.allocate(room, 1));
+    for (;;) {
+        if (size == room) { // the block left behind stays in the arena
+            room *= 2;
+            text = static_cast<char *>(std::memcpy(arena_.allocate(room, 1), text, size));
+        }
+        const ssize_t got = ::read(file, text + size, std::min<std::size_t>(room - size, 1 << 24));
+        text_ = {text, size};
+        if (got == 0 || (got < 0 && errno != EINTR))
+            return got ? errno : 0;
+        size += got < 0 ? 0 : static_cast<std::size_t>(got);
+        progress_.show(name, size >> 20, "MB read");
+    }
+}
+
+// Makes an entry of each stamped line and what follows up to the next one.  The first entry begins where the file
+// begins, so that lines before the first stamp go with it.
+bool Loader::parse(const std::string &name, Timeline &entries) {
+    const char *line = text_.data(), *const end = line + text_.size();
+    Entry *entry = nullptr;
+    for (std::uint64_t count = 0; line < end;) {
+        const auto *feed = static_cast<const char *>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
+        const char *const next = feed ? feed + 1 : end;
+        if (const auto stamp = line_stamp({line, next})) {
+            const char *const start = entry ? line : text_.data();
+            entry = new (arena_.allocate(sizeof(Entry), alignof(Entry))) Entry{*stamp, start, 0, {}};
+            entries.add(*entry);
+            if (++count % 65536 == 0)
+                progress_.show(name, count, "entries");
+        }
+        line = next;
+        if (entry)
+            entry->length = static_cast<std::size_t>(next - entry->text);
+    }
+    return entry != nullptr;
+}
+
+bool Loader::load(const std::string &path, Timeline &timeline) {
+    const bool standard = path == "-";
+    const std::string name = standard ? "standard input" : path;
+    const int file = standard ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0)
+        return complain(name, std::strerror(errno));
+    const int error = read(file, name);
+    if (!standard)
+        ::close(file);
+    Timeline entries;
+    const bool any = !error && parse(name, entries);
+    progress_.hide();
+    if (error)
+        return complain(name, std::strerror(error));
+    if (!any)
+        return complain(name, text_.empty() ? "is empty" : "no line starts with a time stamp");
+    timeline.merge(std::move(entries));
+    return true;
+}

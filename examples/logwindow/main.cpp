@@ -1,0 +1,71 @@
+// logwindow: merges log files in the order of time and shows a window of them.
+#include "complain.hpp"
+#include "load.hpp"
+#include "options.hpp"
+#include "output.hpp"
+
+#include <chrono>
+#include <new>
+#include <unistd.h>
+
+namespace {
+
+// Runs the work and says what it cost.
+template <class Work> Timeline measured(const char *label, Work work) {
+    const auto start = std::chrono::steady_clock::now();
+    const std::uint64_t before = comparisons;
+    Timeline result = work();
+    const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
+    std::fprintf(stderr, "  %-13s %9ju comparisons %9.3f ms\n", label,
+                 static_cast<std::uintmax_t>(comparisons - before), time.count());
+    return result;
+}
+
+// Takes the window out twice: one entry at a time and, when all is back in place, by one cut.
+Timeline cut_and_compare(Timeline &timeline, Span window) {
+    const std::uintmax_t all = AVL_CountNode(timeline.tree());
+    std::fprintf(stderr, "Taking the window out of %ju entries:\n", all);
+    Timeline singly = measured("one by one", [&] { return timeline.cut_singly(window); });
+    timeline.merge(std::move(singly));
+    Timeline cut = measured("by one cut", [&] { return timeline.cut(window); });
+    std::fprintf(stderr, "  it holds %ju entries\n", static_cast<std::uintmax_t>(AVL_CountNode(cut.tree())));
+    return cut;
+}
+
+int run(const Options &options) {
+    bool good = true;
+    Timeline timeline;
+    Loader loader;
+    for (const std::string &file : options.files)
+        good = loader.load(file, timeline) && good;
+
+    if (options.drop_before)
+        timeline.drop_before(*options.drop_before);
+    Timeline window = options.cost ? cut_and_compare(timeline, options.window) : timeline.cut(options.window);
+    if (options.keep)
+        window.keep_newest(*options.keep);
+
+    if (options.split_by)
+        good = write_periods(std::move(window), *options.split_by, options.into, options.force) && good;
+    else if (options.tree)
+        good = write_tree(window) && good;
+    else
+        good = write_entries(window, STDOUT_FILENO, "standard output") && good;
+    return good ? 0 : 1;
+}
+
+} // namespace
+
+int main(int count, char **words) {
+    try {
+        const auto options = read_options(count, words);
+        if (!options)
+            return 2;
+        if (options->help)
+            return std::fputs(usage, stdout) < 0 || std::fflush(stdout) != 0;
+        return run(*options);
+    } catch (const std::bad_alloc &) {
+        complain("memory", "not enough for these files");
+        return 1;
+    }
+}

@@ -1,0 +1,11 @@
+// Writing timelines: to standard output, as a tree, into one file per period.
+#pragma once
+
+#include "timeline.hpp"
+
+#include <string>
+
+// Each answers false after a complaint.
+bool write_entries(const Timeline &timeline, int file, const std::string &name);
+bool write_tree(const Timeline &timeline);
+bool write_periods(Timeline &&timeline, Period period, const std::string &folder, bool force);
