@@ -8,7 +8,7 @@ using ovant::load;
 namespace {
 
 template <class T, Direction D> int by_pointer(const void *node_key, const void *key) {
-    return compare_numbers<T, D>(load<T>(node_key), load<T>(key));
+    return compare_numbers<D>(load<T>(node_key), load<T>(key));
 }
 
 } // namespace
@@ -30,10 +30,8 @@ int AVL_CMP_SignedLong(const void *node_key, const void *key) {
 }
 extern "C" OVANT_API __attribute__((alias("AVL_CMP_SignedLong"))) int AVL_CMP_Time(const void *, const void *);
 
-// The key word is the value itself: its low 32 bits.
 int AVL_CMP_HandleDirekt(const void *node_key, const void *key) {
-    const auto value = static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(key));
-    return compare_numbers<std::uint32_t, Direction::largest_first>(load<std::uint32_t>(node_key), value);
+    return compare_numbers<Direction::largest_first>(load<std::uint32_t>(node_key), ovant::direct_key(key));
 }
 int AVL_CMP_HandlePointer(const void *node_key, const void *key) {
     return by_pointer<std::uint32_t, Direction::smallest_first>(node_key, key);

@@ -8,13 +8,20 @@ namespace ovant {
 // Which key comes first, that is, stands on the left.
 enum class Direction { smallest_first, largest_first };
 
-// The two sides of an unordered pair (a NaN) are neither greater nor less nor equal: such a search leads to the right.
-template <class T, Direction D> int compare_numbers(T node_key, T key) {
-    const T left = D == Direction::smallest_first ? node_key : key;
-    const T right = D == Direction::smallest_first ? key : node_key;
-    if (left > right)
-        return DIR_LEFT;
-    return left == right ? DIR_HERE : DIR_RIGHT;
+template <Direction D, class T> constexpr bool is_left(T node_key, T key) {
+    return D == Direction::smallest_first ? node_key > key : node_key < key;
+}
+
+// An unordered pair (a NaN) neither matches nor leads to the left.
+template <Direction D, class T> constexpr int compare_numbers(T node_key, T key) {
+    if (node_key == key)
+        return DIR_HERE;
+    return is_left<D>(node_key, key) ? DIR_LEFT : DIR_RIGHT;
+}
+
+// A key word that is the value itself: its low 32 bits.
+inline std::uint32_t direct_key(const void *key) {
+    return static_cast<std::uint32_t>(reinterpret_cast<std::uintptr_t>(key));
 }
 
 } // namespace ovant

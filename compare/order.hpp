@@ -1,7 +1,9 @@
-// How an operation asks the way: an order is called with a node and answers -1 (Left), 0 (match) or +1 (Right).
+// How an operation asks the way.  An order is called with a node and gives an answer: match() says that the node
+// matches, left() and right() that the way goes on there.  Questions rather than one value of three: such a value would
+// be built in branches, and a descent takes none that depends on a key.
 #pragma once
 
-#include "frame/nodes.hpp"
+#include "compare/numbers.hpp"
 
 namespace ovant {
 
@@ -9,7 +11,13 @@ namespace ovant {
 class HostOrder {
 public:
     HostOrder(const AVL_Tree *tree, const void *key) : cmp_(tree->Cmp), key_off_(tree->KeyOff), key_(key) {}
-    int operator()(Node n) const { return cmp_(static_cast<const char *>(n) + key_off_, key_); }
+    struct Answer {
+        int dir;
+        bool match() const { return dir == DIR_HERE; }
+        bool left() const { return dir < DIR_HERE; }
+        bool right() const { return dir > DIR_HERE; }
+    };
+    Answer operator()(Node n) const { return {cmp_(static_cast<const char *>(n) + key_off_, key_)}; }
 
 private:
     AVL_CmpFunc cmp_;
@@ -17,16 +25,47 @@ private:
     const void *key_;
 };
 
-// A range of two bounds: +1 for a node before it, 0 inside, -1 behind.  The second bound is asked only of a node that
-// the first one lets pass.
+// A ready-made numeric comparator, inlined, with the search key read once.
+template <class T, Direction D> class NumberOrder {
+public:
+    NumberOrder(const AVL_Tree *tree, T key) : key_off_(tree->KeyOff), key_(key) {}
+    struct Answer {
+        T node_key, key;
+        bool match() const { return node_key == key; }
+        bool left() const { return is_left<D>(node_key, key); }
+        bool right() const { return !left() && !match(); } // also with a NaN
+    };
+    Answer operator()(Node n) const { return {load<T>(n, key_off_), key_}; }
+
+private:
+    std::size_t key_off_;
+    T key_;
+};
+
+// Runs an operation with the order of a tree and a key.  The only place that knows which comparators are inlined; an
+// empty tree asks nothing, so its key is not read.
+template <class Run> auto with_order(const AVL_Tree *tree, const void *key, Run run) {
+    const AVL_CmpFunc cmp = tree->Root ? tree->Cmp : nullptr;
+    if (cmp == AVL_CMP_HandlePointer)
+        return run(NumberOrder<std::uint32_t, Direction::smallest_first>(tree, load<std::uint32_t>(key)));
+    if (cmp == AVL_CMP_HandleDirekt)
+        return run(NumberOrder<std::uint32_t, Direction::largest_first>(tree, direct_key(key)));
+    if (cmp == AVL_CMP_SignedLong)
+        return run(NumberOrder<std::int32_t, Direction::largest_first>(tree, load<std::int32_t>(key)));
+    if (cmp == AVL_CMP_Double)
+        return run(NumberOrder<double, Direction::smallest_first>(tree, load<double>(key)));
+    return run(HostOrder(tree, key));
+}
+
+// A range of two bounds: a node inside matches.  The second bound is asked only of a node that the first one lets pass.
 template <int Before, int Behind> class RangeOrder {
 public:
     RangeOrder(const AVL_Tree *tree, const void *first, const void *second)
         : first_(tree, first), second_(tree, second) {}
-    int operator()(Node n) const {
-        if (first_(n) >= Before)
-            return DIR_RIGHT;
-        return second_(n) <= Behind ? DIR_LEFT : DIR_HERE;
+    HostOrder::Answer operator()(Node n) const {
+        if (first_(n).dir >= Before)
+            return {DIR_RIGHT};
+        return {second_(n).dir <= Behind ? DIR_LEFT : DIR_HERE};
     }
 
 private:

@@ -28,6 +28,26 @@ template <class T> void store(void *base, std::size_t offset, T value) {
     std::memcpy(static_cast<char *>(base) + offset, &value, sizeof value);
 }
 
+// One of two values by a condition that no processor can predict, without a branch.  The barriers hold a compiler to
+// it: both values are in registers before the choice, and what follows knows nothing of how it fell.
+template <class T> T select(bool condition, T yes, T no) {
+    asm("" : "+r"(yes), "+r"(no));
+#if defined(__clang__)
+    T chosen = __builtin_unpredictable(condition) ? yes : no;
+#else
+    T chosen = condition ? yes : no;
+#endif
+    asm("" : "+r"(chosen));
+    return chosen;
+}
+
+// A condition cut off from where it came from, so that a second choice by it does not make a branch of the first one.
+inline bool opaque(bool condition) {
+    int hidden = condition;
+    asm("" : "+r"(hidden));
+    return hidden != 0;
+}
+
 // The only place that turns a node and an offset into a link.  Copied out of the descriptor when an operation starts:
 // a link store may alias the descriptor, and a copy keeps the offsets in registers.
 class Nodes {
@@ -38,6 +58,8 @@ public:
     template <Side S> void hang(Node n, Node child) const { store(n, S == Side::left ? left_ : right_, child); }
     Node child(Side s, Node n) const { return load<Node>(n, s == Side::left ? left_ : right_); }
     void hang(Side s, Node n, Node child) const { store(n, s == Side::left ? left_ : right_, child); }
+
+    Node left_or_right(bool left, Node n) const { return select(left, child<Side::left>(n), child<Side::right>(n)); }
 
     int balance(Node n) const { return load<signed char>(n, balance_); }
     void set_balance(Node n, int balance) const { store(n, balance_, static_cast<signed char>(balance)); }

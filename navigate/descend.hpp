@@ -28,8 +28,8 @@ struct NodeTrail {
     Node at = nullptr, marked = nullptr;
 
     void enter(Node n) { at = n; }
-    void turn(int) {}
-    void mark() { marked = at; }
+    void turn(bool) {}
+    void mark_if(bool condition) { marked = select(opaque(condition), at, marked); }
 };
 
 // A path writes the stack: Node on entering, also a 0 at the end, Dir on turning, no Dir at a stop.
@@ -38,28 +38,35 @@ struct PathTrail {
     Entry *marked = nullptr;
 
     void enter(Node n) { top->Node = n; }
-    void turn(int dir) { top++->Dir = dir; }
-    void mark() { marked = top; }
+    void turn(bool left) { top++->Dir = left ? DIR_LEFT : DIR_RIGHT; }
+    void mark_if(bool condition) { marked = select(opaque(condition), top, marked); }
 };
 
 // Goes down from n as the order says, one question a level, until it stops at a match or falls off.
 template <Rule R, class Nodes, class Trail, class Order>
 Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
     for (trail.enter(n); n; trail.enter(n)) {
-        int dir = order(n);
-        if (dir == DIR_HERE) {
-            if constexpr (R.mark == Mark::match)
-                trail.mark();
-            if constexpr (R.match == Match::stop)
+        const auto answer = order(n);
+        if constexpr (R.mark == Mark::match)
+            trail.mark_if(answer.match());
+        if constexpr (R.match == Match::stop)
+            if (answer.match())
                 return trail;
-            dir = R.match == Match::left ? DIR_LEFT : DIR_RIGHT;
-        }
-        if ((R.mark == Mark::left_turn && dir == DIR_LEFT) || (R.mark == Mark::right_turn && dir == DIR_RIGHT))
-            trail.mark();
-        trail.turn(dir);
-        n = nodes.child(side_of(dir), n);
+        const bool left = R.match == Match::left ? !answer.right() : answer.left();
+        if constexpr (R.mark == Mark::left_turn)
+            trail.mark_if(left);
+        if constexpr (R.mark == Mark::right_turn)
+            trail.mark_if(!left);
+        trail.turn(left);
+        n = nodes.left_or_right(left, n);
     }
     return trail;
+}
+
+// The same for a key, on the stack from the entry start.
+template <Rule R> PathTrail descend_stack(const AVL_Tree *tree, Entry *start, Node root, const void *key) {
+    return with_order(tree, key,
+                      [=](const auto &order) { return descend<R>(Nodes(tree), root, order, PathTrail{start}); });
 }
 
 // Whether a neighbour of an absent key counts.

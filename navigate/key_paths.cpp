@@ -7,7 +7,7 @@ using namespace ovant;
 namespace {
 
 template <Rule R> PathTrail path(AVL_Tree *tree, const void *key) {
-    return descend<R>(Nodes(tree), tree->Root, HostOrder(tree, key), PathTrail{tree->Stack});
+    return descend_stack<R>(tree, tree->Stack, tree->Root, key);
 }
 
 // To the marked node, or open where the descent fell off: there only an empty tree's entry gets a Dir.
@@ -50,7 +50,7 @@ AVL_PfadEntry *AVL_MakeMax(AVL_Tree *tree) { return extreme<Side::right>(tree); 
 AVL_PfadEntry *AVL_MakeKey(AVL_Tree *tree, const void *key) {
     PathTrail trail = path<rule::key>(tree, key);
     if (trail.top->Node)
-        trail.mark();
+        trail.marked = trail.top;
     return marked_or_open(tree, trail);
 }
 AVL_PfadEntry *AVL_MakeFirstKey(AVL_Tree *tree, const void *key) {

@@ -6,7 +6,8 @@ using namespace ovant;
 namespace {
 
 template <Rule R> NodeTrail search(const AVL_Tree *tree, const void *key) {
-    return descend<R>(Nodes(tree), tree->Root, HostOrder(tree, key), NodeTrail{});
+    return with_order(tree, key,
+                      [tree](const auto &order) { return descend<R>(Nodes(tree), tree->Root, order, NodeTrail{}); });
 }
 
 // The neighbour towards S of the first node that matches, or of the place where an absent key would stand.

@@ -9,7 +9,7 @@ namespace {
 // To the empty link at the front or back boundary of key below root.  Returns the last entry that holds a node, or
 // start if there is none.
 template <Rule R> Entry *boundary(AVL_Tree *tree, Entry *start, Node root, const void *key) {
-    Entry *const top = descend<R>(Nodes(tree), root, HostOrder(tree, key), PathTrail{start}).top;
+    Entry *const top = descend_stack<R>(tree, start, root, key).top;
     return top == start ? start : top - 1;
 }
 

@@ -8,7 +8,7 @@ namespace {
 
 // Down to the first match, whose entry then holds a node, or to the free position.
 template <Rule R> Entry *find_place(AVL_Tree *tree, const void *key) {
-    return descend<R>(Nodes(tree), tree->Root, HostOrder(tree, key), PathTrail{tree->Stack}).top;
+    return descend_stack<R>(tree, tree->Stack, tree->Root, key).top;
 }
 
 // Asks for a node and links it in at the free position top.  Without one nothing has changed.
