@@ -64,8 +64,9 @@
  * balanced nodes with no AVL_Tree around them.  The host releases them or gives them back with AVL_ConcatLess or
  * AVL_ConcatGreater.
  *
- * Cost: H is the height of the tree, at most about 1.44 log2(nodes).  A comparison is one call of Cmp.  No tree
- * operation recurses, and after construction none allocates; only handlers and text functions do.
+ * Cost: H is the height of the tree, at most about 1.44 log2(nodes).  A comparison is one call of Cmp; some ready
+ * comparators are computed in place instead.  No tree operation recurses, and after construction none allocates; only
+ * handlers and text functions do.
  *
  * Threads: there are no locks.  One tree object with its Stack and all its holds belongs to one thread at a time;
  * separate trees are independent.  What uses the Stack counts as a writer, though it may change no node.  The searches,
@@ -772,8 +773,8 @@ OVANT_API void *AVL_GetOutsideLessGreater(AVL_Tree *tree, const void *first, con
 /* A key range is destroyed: Kill(node, context) gets each of its nodes once.  No result; the tree keeps all the others
  * and is balanced.  Below, x stands for the nodes that go, and the signs speak of tree order.
  * One Kill and a few steps per node that goes, and work that goes with H; nodes that stay do not count.  Comparisons as
- * in range extraction, none of them while a subtree is swept.  Use the Stack.  What becomes of the nodes is Kill's
- * business; they keep the link headers that they then had.
+ * in range extraction, none of them while a subtree is swept, but some after the first Kill: a key must not lie inside
+ * a node that goes.  Use the Stack.  What becomes of the nodes is Kill's business; their headers are not cleared.
  * Call back Cmp and Kill, never Free: a node cannot refuse.  During Kill the tree is in pieces, so Kill must not call
  * anything on it.  Inside a subtree a node goes before its children, and the right one's nodes before the left one's.
  * A sound tree reports nothing; see Errors for a damaged one.
