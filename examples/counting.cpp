@@ -1,0 +1,66 @@
+// One record in two trees: counts the words of standard input, found by their letters and listed by their number.
+#include "ovant.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <deque>
+#include <iostream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+using Letters = std::string_view;
+
+struct Word {
+    Letters letters;
+    std::size_t count;
+    AVL_Link by_letters, by_count; // a header for each tree
+};
+
+// Answers where the key lies, seen from the node.
+static int compare_letters(const void *node_key, const void *key) {
+    const int order = static_cast<const Letters *>(key)->compare(*static_cast<const Letters *>(node_key));
+    return (order > 0) - (order < 0);
+}
+
+// The other way round: larger counts lie on the left, so that they come first.
+static int compare_counts(const void *node_key, const void *key) {
+    const auto node = *static_cast<const std::size_t *>(node_key), count = *static_cast<const std::size_t *>(key);
+    return (count < node) - (count > node);
+}
+
+// Makes a node, once it is known that there is none with the key yet.
+static void *make_word(const void *key, void *words) {
+    return &static_cast<std::deque<Word> *>(words)->emplace_back(Word{*static_cast<const Letters *>(key), 0, {}, {}});
+}
+
+int main() {
+    const std::string text(std::istreambuf_iterator<char>(std::cin), {});
+    std::deque<Word> words;
+
+    AVL_NodeFuncs making = *AVL_GetNodeFuncPtrRetNULL();
+    making.Malloc = make_word;
+    AVL_Tree *dictionary =
+        AVL_Konstruktor(offsetof(Word, by_letters), &making, offsetof(Word, letters), compare_letters, nullptr);
+    AVL_Tree *ranking = AVL_Konstruktor(offsetof(Word, by_count), AVL_GetNodeFuncPtrRetNULL(), offsetof(Word, count),
+                                        compare_counts, nullptr);
+    if (!dictionary || !ranking)
+        return std::cerr << "counting: out of memory\n", 1;
+
+    const char *const blanks = " \t\r\n";
+    for (std::size_t at = 0, end = 0; (at = text.find_first_not_of(blanks, end)) != text.npos;) {
+        end = std::min(text.find_first_of(blanks, at), text.size());
+        const Letters letters(&text[at], end - at);
+        ++static_cast<Word *>(AVL_InsertSearchKey(dictionary, &letters, &words))->count; // found or made
+    }
+    // The stable insertion keeps words of the same count in the order of their letters.
+    for (auto at = AVL_WalkSuccInorder(dictionary, nullptr); at->Node; at = AVL_WalkSuccInorder(dictionary, at))
+        AVL_InsertStabil(ranking, &static_cast<Word *>(at->Node)->count, at->Node);
+    for (auto at = AVL_WalkSuccInorder(ranking, nullptr); at->Node; at = AVL_WalkSuccInorder(ranking, at)) {
+        const Word &word = *static_cast<Word *>(at->Node);
+        std::cout << word.count << ' ' << word.letters << '\n';
+    }
+    AVL_Destruktor(ranking);
+    AVL_Destruktor(dictionary);
+    return std::cout.flush() ? 0 : 1;
+}
