@@ -38,7 +38,7 @@ struct PathTrail {
     Entry *marked = nullptr;
 
     void enter(Node n) { top->Node = n; }
-    void turn(bool left) { top++->Dir = left ? DIR_LEFT : DIR_RIGHT; }
+    void turn(bool left) { top++->Dir = opaque(left) ? DIR_LEFT : DIR_RIGHT; }
     void mark_if(bool condition) { marked = select(opaque(condition), top, marked); }
 };
 
