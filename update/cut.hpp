@@ -34,7 +34,7 @@ template <Side S, class Nodes, class Fate> Node cut(Nodes nodes, Entry *work, No
     if (stays == last)
         return last;
     top->Node = stays ? stays : inner;
-    *change = fix_spine<S>(nodes, work, top, stays ? 0 : -1);
+    *change = shrink_spine<S>(nodes, work, top, stays ? 0 : -1);
     *slot = work->Node;
     return last;
 }
