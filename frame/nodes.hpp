@@ -42,34 +42,40 @@ template <class T> T select(bool condition, T yes, T no) {
 }
 
 // A condition cut off from where it came from, so that a second choice by it does not make a branch of the first one.
-inline bool opaque(bool condition) {
+inline int opaque(bool condition) {
     int hidden = condition;
     asm("" : "+r"(hidden));
-    return hidden != 0;
+    return hidden;
 }
 
-// The only place that turns a node and an offset into a link.  Copied out of the descriptor when an operation starts:
-// a link store may alias the descriptor, and a copy keeps the offsets in registers.
+// The only place that turns a node into a link.  Copied out of the descriptor when an operation starts: a link store
+// may alias the descriptor, and a copy keeps the offset in a register.  One offset is enough, as the header has no
+// gaps.
 class Nodes {
 public:
-    explicit Nodes(const AVL_Tree *tree) : left_(tree->LeftOff), right_(tree->RightOff), balance_(tree->BalOff) {}
+    explicit Nodes(const AVL_Tree *tree) : link_(tree->LeftOff) {}
 
-    template <Side S> Node child(Node n) const { return load<Node>(n, S == Side::left ? left_ : right_); }
-    template <Side S> void hang(Node n, Node child) const { store(n, S == Side::left ? left_ : right_, child); }
-    Node child(Side s, Node n) const { return load<Node>(n, s == Side::left ? left_ : right_); }
-    void hang(Side s, Node n, Node child) const { store(n, s == Side::left ? left_ : right_, child); }
-
+    template <Side S> Node child(Node n) const { return load<Node>(n, link_ + place(S)); }
+    template <Side S> void hang(Node n, Node child) const { store(n, link_ + place(S), child); }
+    Node child(Side s, Node n) const { return load<Node>(n, link_ + place(s)); }
+    void hang(Side s, Node n, Node child) const { store(n, link_ + place(s), child); }
     Node left_or_right(bool left, Node n) const { return select(left, child<Side::left>(n), child<Side::right>(n)); }
 
-    int balance(Node n) const { return load<signed char>(n, balance_); }
-    void set_balance(Node n, int balance) const { store(n, balance_, static_cast<signed char>(balance)); }
+    int balance(Node n) const { return load<signed char>(n, link_ + offsetof(AVL_Link, Balance)); }
+    void set_balance(Node n, int balance) const {
+        store(n, link_ + offsetof(AVL_Link, Balance), static_cast<signed char>(balance));
+    }
 
     // Lean: the balance seen from one side, positive when that side is the higher one.
     template <Side S> int lean(Node n) const { return sign(S) * balance(n); }
     template <Side S> void set_lean(Node n, int lean) const { set_balance(n, sign(S) * lean); }
 
 private:
-    std::size_t left_, right_, balance_;
+    static constexpr std::size_t place(Side s) {
+        return s == Side::left ? offsetof(AVL_Link, Left) : offsetof(AVL_Link, Right);
+    }
+
+    std::size_t link_;
 };
 
 // A link header outside any node: what is left of a node that goes, until its successor at the place takes it over.

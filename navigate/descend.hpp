@@ -29,7 +29,7 @@ struct NodeTrail {
 
     void enter(Node n) { at = n; }
     void turn(bool) {}
-    void mark_if(bool condition) { marked = select(opaque(condition), at, marked); }
+    void mark_if(bool condition) { marked = select(opaque(condition) != 0, at, marked); }
 };
 
 // A path writes the stack: Node on entering, also a 0 at the end, Dir on turning, no Dir at a stop.
@@ -38,8 +38,8 @@ struct PathTrail {
     Entry *marked = nullptr;
 
     void enter(Node n) { top->Node = n; }
-    void turn(bool left) { top++->Dir = opaque(left) ? DIR_LEFT : DIR_RIGHT; }
-    void mark_if(bool condition) { marked = select(opaque(condition), top, marked); }
+    void turn(bool left) { top++->Dir = DIR_RIGHT + (DIR_LEFT - DIR_RIGHT) * opaque(left); }
+    void mark_if(bool condition) { marked = select(opaque(condition) != 0, top, marked); }
 };
 
 // Goes down from n as the order says, one question a level, until it stops at a match or falls off.
