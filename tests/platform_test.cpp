@@ -15,6 +15,7 @@
 #include <string>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <termios.h>
 #include <unistd.h>
 
 namespace {
@@ -150,6 +151,10 @@ TEST(DefaultHandler, AtATerminalThePersonDecides) {
     for (const char *typed : {"c\n", "\n", "\004"})
         EXPECT_EQ(attended(typed, report).signal, SIGTRAP) << typed;
     outcome = attended("r\n", [] { // a job in the background of the same terminal must neither ask nor stop
+        termios settings;
+        tcgetattr(2, &settings);
+        settings.c_lflag |= TOSTOP;
+        tcsetattr(2, TCSANOW, &settings);
         const pid_t job = fork();
         if (job == 0) {
             setpgid(0, 0);
