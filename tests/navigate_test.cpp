@@ -162,7 +162,7 @@ const struct Walk {
     bool backward;
     Report after_end; // none from the two inorder walks
     std::vector<Node> nodes(const AVL_Tree *tree) const {
-        std::vector<Node> order = traversal(tree, visit);
+        std::vector<Node> order = traversal(tree->Root, visit);
         return backward ? std::vector<Node>(order.rbegin(), order.rend()) : order;
     }
 } walks[] = {
@@ -207,12 +207,14 @@ TEST(Navigate, WalksOnAllSmallShapesEndAndSwitch) {
             if (walk.visit == Visit::after || walk.step == AVL_WalkPredPreorder)
                 expect_no_way_on(world.tree, walk, world.tree->Stack - 1);
             // Each walk takes over at each position of each other walk.
-            for (const Walk &other : walks)
+            for (const Walk &other : walks) {
+                const std::vector<Node> others = other.nodes(world.tree);
                 for (std::size_t steps = 1; steps <= nodes.size(); steps++) {
                     position = nullptr;
                     drive(world, walk, position, steps);
-                    EXPECT_EQ(drive(world, other, position), behind(other.nodes(world.tree), nodes[steps - 1]));
+                    EXPECT_EQ(drive(world, other, position), behind(others, nodes[steps - 1]));
                 }
+            }
         }
         expect_tree(world.tree, world.order);
     });

@@ -24,19 +24,6 @@ inline int check_below(Node node, std::vector<Node> &order, int level) {
                       << left << " and " << right;
     return 1 + std::max(left, right);
 }
-// The nodes in tree order, of a subtree that need not be sound.
-inline void append_inorder(Node node, std::vector<Node> &order) {
-    if (!node)
-        return;
-    append_inorder(link_of(node).Left, order);
-    order.push_back(node);
-    append_inorder(link_of(node).Right, order);
-}
-inline std::vector<Node> inorder(Node root) {
-    std::vector<Node> order;
-    append_inorder(root, order);
-    return order;
-}
 struct Checked {
     int height = 0;
     std::vector<Node> order; // the nodes in tree order
@@ -71,7 +58,7 @@ inline EqualRun run_of(const std::vector<Node> &order, int key, AVL_CmpFunc cmp 
     return {static_cast<std::size_t>(front - order.begin()), static_cast<std::size_t>(back - order.begin())};
 }
 
-// The three classic orders, by recursion.
+// The three classic orders, by recursion, of a subtree that need not be sound.
 enum class Visit { before, between, after };
 inline void traverse(Node node, Visit visit, std::vector<Node> &nodes) {
     if (!node)
@@ -85,33 +72,30 @@ inline void traverse(Node node, Visit visit, std::vector<Node> &nodes) {
     if (visit == Visit::after)
         nodes.push_back(node);
 }
-inline std::vector<Node> traversal(const AVL_Tree *tree, Visit visit) {
+inline std::vector<Node> traversal(Node root, Visit visit) {
     std::vector<Node> nodes;
-    traverse(tree->Root, visit, nodes);
+    traverse(root, visit, nodes);
     return nodes;
 }
+inline std::vector<Node> inorder(Node root) { return traversal(root, Visit::between); }
 // Where a descent meets the run first, as a position in tree order: its node nearest to Root, the first in preorder.
 inline std::size_t nearest_to_root(const AVL_Tree *tree, const std::vector<Node> &order, EqualRun run) {
     const auto front = order.begin() + static_cast<std::ptrdiff_t>(run.front);
     const auto back = order.begin() + static_cast<std::ptrdiff_t>(run.back);
-    for (Node node : traversal(tree, Visit::before))
+    for (Node node : traversal(tree->Root, Visit::before))
         if (const auto at = std::find(front, back, node); at != back)
             return static_cast<std::size_t>(at - order.begin());
     return order.size();
 }
 
-inline std::vector<int> keys_of(const std::vector<Node> &nodes) {
-    std::vector<int> keys;
+template <class Read> std::vector<int> read_all(const std::vector<Node> &nodes, Read read) {
+    std::vector<int> values;
     for (Node node : nodes)
-        keys.push_back(key_of(node));
-    return keys;
+        values.push_back(read(node));
+    return values;
 }
-inline std::vector<int> ids_of(const std::vector<Node> &nodes) {
-    std::vector<int> ids;
-    for (Node node : nodes)
-        ids.push_back(id_of(node));
-    return ids;
-}
+inline std::vector<int> keys_of(const std::vector<Node> &nodes) { return read_all(nodes, key_of<int>); }
+inline std::vector<int> ids_of(const std::vector<Node> &nodes) { return read_all(nodes, id_of); }
 
 // A tree as text, "60-(40+(,50),70)": keys with the sign of their Balance, then the children.
 inline std::string picture_of(Node node) {
@@ -129,11 +113,7 @@ inline std::string text_of(const AVL_Tree *tree, const Entry *top) {
     std::string text;
     for (const Entry *entry = tree->Stack; entry <= top; entry++) {
         text += entry == tree->Stack ? "" : " ";
-        if (!entry->Node)
-            text += "-";
-        else
-            text += std::to_string(key_of(entry->Node)) +
-                    (entry->Dir >= -2 && entry->Dir <= 1 ? "NLHR"[entry->Dir + 2] : '?');
+        text += entry->Node ? std::to_string(key_of(entry->Node)) + "NLHR?"[std::clamp(entry->Dir + 2, 0, 4)] : "-";
     }
     return text;
 }
