@@ -24,19 +24,13 @@ Timeline::Timeline()
 Timeline::Timeline(void *root) : Timeline() { AVL_ConcatLess(tree(), root); }
 
 // Logs are mostly in order, and then there is nothing to search: the place right of the last node is the one.
-void Timeline::append(Entry &entry) {
-    AVL_PfadEntry *place = AVL_MakeMax(tree());
-    if (place->Node)
-        place = AVL_WalkRight(tree(), place);
-    AVL_InsertStack(tree(), place, &entry);
-    newest_ = &entry;
-}
-
 void Timeline::add(Entry &entry) {
-    if (!newest_ || newest_->stamp <= entry.stamp)
-        append(entry);
-    else
+    AVL_PfadEntry *place = AVL_MakeMax(tree());
+    if (place->Node && static_cast<Entry *>(place->Node)->stamp > entry.stamp) {
         AVL_InsertStabil(tree(), &entry.stamp, &entry);
+        return;
+    }
+    AVL_InsertStack(tree(), place->Node ? AVL_WalkRight(tree(), place) : place, &entry);
 }
 
 void Timeline::drop_before(Stamp stamp) { AVL_DelLess(tree(), &stamp, nullptr); }
@@ -55,7 +49,7 @@ Timeline Timeline::cut_singly(Span window) {
             break;
         auto &entry = *static_cast<Entry *>(AVL_GetPfad(tree(), at));
         entry.link = {}; // as every node that goes into a tree
-        out.append(entry);
+        out.add(entry);
     }
     return out;
 }
@@ -83,10 +77,9 @@ void Timeline::keep_newest(std::uint64_t count) {
 // piece: timelines that do not overlap cost two joins at most, whatever their sizes, others one for each time that they
 // take turns.  A turn costs as much as inserting some entries, so after a thousand of them that is what we do.
 void Timeline::merge(Timeline &&later) {
-    newest_ = nullptr;
     void *piece = AVL_GetTree(later.tree());
-    bool ours = false; // whether the piece came out of this tree: then it stands before equal stamps
-    for (int turns = 0; piece && (ours || turns < 1000); ++turns, ours = !ours) {
+    for (int turns = 0; piece && turns < 1000; ++turns) {
+        const bool ours = turns % 2; // out of this tree: then it stands before equal stamps
         const auto *start = static_cast<const Entry *>(piece);
         while (start->link.Left)
             start = static_cast<const Entry *>(start->link.Left);

@@ -30,7 +30,6 @@ public:
 
     bool empty() const { return !tree_->Root; }
     const Entry &first() const { return *static_cast<Entry *>(AVL_SearchMin(tree_.get())); }
-    const Entry &last() const { return *static_cast<Entry *>(AVL_SearchMax(tree_.get())); }
     AVL_Tree *tree() const { return tree_.get(); }
 
     void add(Entry &entry);       // behind all entries of the same stamp
@@ -47,11 +46,8 @@ public:
     }
 
 private:
-    void append(Entry &entry);
-
     struct End {
         void operator()(AVL_Tree *tree) const { AVL_Destruktor(tree); }
     };
     std::unique_ptr<AVL_Tree, End> tree_;
-    const Entry *newest_ = nullptr; // the last entry while entries are being added
 };

@@ -36,8 +36,8 @@ lines 3000 7 2 >y
 lines 2000 0 3 >z
 lines 2000 0 4 >w
 LC_ALL=C sort -s -k1,2 x z y w >wanted
-logwindow x z y w >got
-cmp -s wanted got || same 'against sort' "$(head -20 wanted)" "$(head -20 got)"
+logwindow x z - w < <(cat y) >got # a pipe: its size is not known beforehand
+same 'against sort' '' "$(cmp wanted got 2>&1)"
 
 printf 'header\n\n2026-11-22 10:00:02 d1\n\tat x\n\n\tat y\n2026-11-22 10:00:01 d2\nCaused by: z' >traces
 printf '2026-11-22 10:00:01 d2\nCaused by: z\nheader\n\n2026-11-22 10:00:02 d1\n\tat x\n\n\tat y\n%s\n%s\n' \

@@ -54,5 +54,7 @@ same 'the tree has a line for each entry' 5 "$(grep -c 'line [1-5]$' tree)"
 same 'one of them is the root' 1 "$(grep -c '^0000000[0-4]+' tree)"
 same 'the tree of a window' '00000000+ 0+   2026-01-01 00:00:04 line 4' \
     "$(logwindow --tree --from 2026-01-01T00:00:04 --to 2026-01-01T00:00:04 five)"
+printf '2026-01-01 00:00:00 %059dä\n' 0 >umlaut
+same 'no half character' "00000000+ 0+   2026-01-01 00:00:00 $(printf %059d 0)" "$(logwindow --tree umlaut)"
 same 'no tree' '' "$(logwindow --tree --from 2030 five)"
 finish
