@@ -22,56 +22,45 @@ struct Machine {
     Host host;
     AVL_Tree *tree = host.tree;
     Nodes order; // what the tree should hold
-    Nodes loose; // the tree that the last extraction handed out
+    Nodes loose; // what the last extraction handed out
     Node loose_root = nullptr;
     int key = 0, other = 0; // the bounds of this step
-    Node context = nullptr;
 
     auto run() const { return run_of(order, key); }
     bool present() const { return run().front < run().back; }
-    Node fresh() { return context = host.record(key); }
+    Node at(std::size_t position) const { return position < order.size() ? order[position] : nullptr; }
     void lose(Node node) {
         const auto at = std::find(order.begin(), order.end(), node);
-        require(at != order.end(), "the node that left was not in the tree");
-        order.erase(at);
+        require(at != order.end() || !node, "the node that left was not in the tree");
+        if (node)
+            order.erase(at);
     }
-    // The node stands somewhere in its equal run, and the others as before.
-    void gain(Node node) {
-        const Nodes now = check(tree).order;
-        const auto at = std::find(now.begin(), now.end(), node);
-        require(at != now.end(), "the new node is not in the tree");
-        order.insert(order.begin() + (at - now.begin()), node);
-    }
-    Node at(std::size_t position) const { return position < order.size() ? order[position] : nullptr; }
-    Node first_of_run() const { return present() ? at(run().front) : nullptr; }
-    Node last_of_run() const { return present() ? at(run().back - 1) : nullptr; }
 };
 
-void insert(Machine &m, Node (*operation)(AVL_Tree *, const void *, void *), bool always) {
-    const bool grows = always || !m.present();
-    const Node node = m.fresh(), result = operation(m.tree, &m.key, node);
-    require((result == node) == grows, "an insertion took the wrong branch");
-    if (grows)
-        m.gain(node);
-    else
-        require(result == nullptr || result == AVL_SearchKey(m.tree, &m.key), "not the node that matched");
-}
-
 // Several keys a step, evenly spaced: else no tree would get tall.
-void insert_some(Machine &m, Node (*operation)(AVL_Tree *, const void *, void *), bool always) {
-    for (int i = 0; i <= m.other / 16; i++, m.key = (m.key + m.other % 16) & 255)
-        insert(m, operation, always);
+void insert(Machine &m, Node (*operation)(AVL_Tree *, const void *, void *), bool always) {
+    for (int i = 0; i <= m.other / 16; i++, m.key = (m.key + m.other % 16) & 255) {
+        const bool grows = always || !m.present();
+        const Node node = m.host.record(m.key), result = operation(m.tree, &m.key, node);
+        require((result == node) == grows, "an insertion took the wrong branch");
+        require(grows || !result || result == AVL_SearchKey(m.tree, &m.key), "not the node that matched");
+        if (grows) { // somewhere in its equal run, with the others as before
+            const Nodes now = check(m.tree).order;
+            const auto at = std::find(now.begin(), now.end(), node);
+            require(at != now.end(), "the new node is not in the tree");
+            m.order.insert(m.order.begin() + (at - now.begin()), node);
+        }
+    }
 }
 
-void remove(Machine &m, Entry *pfad, Node expected, bool with_free) {
+void remove(Machine &m, Entry *pfad, bool with_free) {
     const Node node = pfad->Node;
-    require(expected ? node == expected : (node != nullptr) == m.present(), "a path to another node");
+    require(m.present() == (node != nullptr), "a path to another node");
     if (with_free)
         AVL_DelPfad(m.tree, pfad, &m.key, nullptr);
     else
         require(AVL_GetPfad(m.tree, pfad) == node, "another node came out");
-    if (node)
-        m.lose(node);
+    m.lose(node);
 }
 
 void extreme(Machine &m, Node node, Node (*get)(AVL_Tree *), void (*del)(AVL_Tree *, void *), bool with_free) {
@@ -79,8 +68,7 @@ void extreme(Machine &m, Node node, Node (*get)(AVL_Tree *), void (*del)(AVL_Tre
         del(m.tree, nullptr);
     else
         require(get(m.tree) == node, "not the node at the end");
-    if (node)
-        m.lose(node);
+    m.lose(node);
 }
 
 void range(Machine &m, const RangeOp &op, bool extract) {
@@ -126,30 +114,21 @@ void look(Machine &m) {
 }
 
 void step(Machine &m, unsigned operation, bool variant) {
+    // clang-format off
     switch (operation) {
-    case 0:
-        return insert_some(m, variant ? AVL_Insert : AVL_InsertStabil, true);
-    case 1:
-        return insert_some(m, variant ? AVL_InsertUnique : AVL_InsertSearchKey, false);
-    case 2:
-        return insert_some(m, AVL_InsertKey, false);
-    case 3:
-        return remove(m, AVL_MakeKey(m.tree, &m.key), nullptr, variant);
-    case 4:
-        return remove(m, AVL_MakeFirstKey(m.tree, &m.key), m.first_of_run(), variant);
-    case 5:
-        return remove(m, AVL_MakeLastKey(m.tree, &m.key), m.last_of_run(), variant);
-    case 6:
-        return extreme(m, m.at(0), AVL_GetMin, AVL_DelMin, variant);
-    case 7:
-        return extreme(m, m.at(m.order.size() - 1), AVL_GetMax, AVL_DelMax, variant);
-    case 8:
-        return concat(m);
-    case 9:
-        return look(m);
-    default:
-        return range(m, range_ops[operation % std::size(range_ops)], variant);
+    case 0: return insert(m, variant ? AVL_Insert : AVL_InsertStabil, true);
+    case 1: return insert(m, variant ? AVL_InsertUnique : AVL_InsertSearchKey, false);
+    case 2: return insert(m, AVL_InsertKey, false);
+    case 3: return remove(m, AVL_MakeKey(m.tree, &m.key), variant);
+    case 4: return remove(m, AVL_MakeFirstKey(m.tree, &m.key), variant);
+    case 5: return remove(m, AVL_MakeLastKey(m.tree, &m.key), variant);
+    case 6: return extreme(m, m.at(0), AVL_GetMin, AVL_DelMin, variant);
+    case 7: return extreme(m, m.at(m.order.size() - 1), AVL_GetMax, AVL_DelMax, variant);
+    case 8: return concat(m);
+    case 9: return look(m);
+    default: return range(m, range_ops[operation % std::size(range_ops)], variant);
     }
+    // clang-format on
 }
 
 } // namespace
