@@ -16,7 +16,8 @@ const char *const usage =
     "  --keep N           only the newest N entries of the window\n"
     "  --tree             draw the window as the tree that holds it\n"
     "  --split-by day|hour --into FOLDER [--force]\n"
-    "                     write one file per day or hour; --force overwrites files that exist\n"
+    "                     write one file per day or hour (UTC where stamps have a zone);\n"
+    "                     --force overwrites files that exist\n"
     "  --cost             tell on standard error what cutting the window cost\n"
     "\n"
     "Exit status: 0, 1 if a file could not be read or written (the others were), 2 for a wrong command line.\n";
