@@ -59,7 +59,6 @@ public:
     template <Side S> void hang(Node n, Node child) const { store(n, link_ + place(S), child); }
     Node child(Side s, Node n) const { return load<Node>(n, link_ + place(s)); }
     void hang(Side s, Node n, Node child) const { store(n, link_ + place(s), child); }
-    Node left_or_right(bool left, Node n) const { return select(left, child<Side::left>(n), child<Side::right>(n)); }
 
     int balance(Node n) const { return load<signed char>(n, link_ + offsetof(AVL_Link, Balance)); }
     void set_balance(Node n, int balance) const {

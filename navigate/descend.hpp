@@ -29,6 +29,7 @@ struct NodeTrail {
 
     void enter(Node n) { at = n; }
     void turn(bool) {}
+    void expect(Node, Node) {}
     void mark_if(bool condition) { marked = select(opaque(condition) != 0, at, marked); }
 };
 
@@ -39,6 +40,12 @@ struct PathTrail {
 
     void enter(Node n) { top->Node = n; }
     void turn(bool left) { top++->Dir = DIR_RIGHT + (DIR_LEFT - DIR_RIGHT) * opaque(left); }
+    // What an update does next waits for its descent, so both children are asked for before the choice; a search is
+    // overtaken by the next one, and would only load more.
+    void expect(Node left, Node right) {
+        __builtin_prefetch(left);
+        __builtin_prefetch(right);
+    }
     void mark_if(bool condition) { marked = select(opaque(condition) != 0, top, marked); }
 };
 
@@ -58,7 +65,9 @@ Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
         if constexpr (R.mark == Mark::right_turn)
             trail.mark_if(!left);
         trail.turn(left);
-        n = nodes.left_or_right(left, n);
+        const Node left_child = nodes.template child<Side::left>(n), right_child = nodes.template child<Side::right>(n);
+        trail.expect(left_child, right_child);
+        n = select(left, left_child, right_child);
     }
     return trail;
 }
