@@ -42,8 +42,9 @@ private:
     T key_;
 };
 
-// Runs an operation with the order of a tree and a key.  The only place that knows which comparators are inlined; an
-// empty tree asks nothing, so its key is not read.
+// Runs an operation with the order of a tree and a key.  The only place that knows which comparators are inlined: those
+// of numbers that serve as keys of large trees; a string comparison gains too little.  An empty tree asks nothing, so
+// its key is not read.
 template <class Run> auto with_order(const AVL_Tree *tree, const void *key, Run run) {
     const AVL_CmpFunc cmp = tree->Root ? tree->Cmp : nullptr;
     if (cmp == AVL_CMP_HandlePointer)
@@ -54,6 +55,8 @@ template <class Run> auto with_order(const AVL_Tree *tree, const void *key, Run 
         return run(NumberOrder<std::int32_t, Direction::largest_first>(tree, load<std::int32_t>(key)));
     if (cmp == AVL_CMP_Double)
         return run(NumberOrder<double, Direction::smallest_first>(tree, load<double>(key)));
+    if (cmp == AVL_CMP_Float)
+        return run(NumberOrder<float, Direction::smallest_first>(tree, load<float>(key)));
     return run(HostOrder(tree, key));
 }
 
