@@ -173,8 +173,9 @@ const struct Walk {
 std::vector<Node> behind(const std::vector<Node> &nodes, Node node) {
     return {std::find(nodes.begin(), nodes.end(), node) + 1, nodes.end()};
 }
-// Steps from the position to the end, which is left in it; each position on the way is a path to its node.
-std::vector<Node> drive(const World &world, const Walk &walk, Entry *&position, std::size_t steps = SIZE_MAX) {
+// Steps from the position to the end, which is left in it (or 99 times, should none come); each position on the way is
+// a path to its node.
+std::vector<Node> drive(const World &world, const Walk &walk, Entry *&position, std::size_t steps = 99) {
     std::vector<Node> nodes;
     const int comparisons = seen.comparisons;
     while (steps-- > 0 && (position = walk.step(world.tree, position)) && position->Node) {
