@@ -58,7 +58,8 @@ compile() { # INCLUDES OUTPUT SOURCE...
 }
 suite() { # OBJECTS...: links, and runs the tests until one fails
     c++ "$work"/sound/tests/*.o "$@" -lgtest -lgtest_main -lpthread -o "$work/suite" &&
-        (ulimit -c 0 -v 8000000 && timeout 60 "$work/suite" --gtest_fail_fast --gtest_brief=1) >"$work/log" 2>&1
+        (ulimit -c 0 -v 8000000 && timeout 60 "$work/suite" --gtest_fail_fast --gtest_brief=1; exit $?) \
+        >"$work/log" 2>&1
 }
 
 echo 'Building the tests and the sound rooms'
