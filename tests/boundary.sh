@@ -27,8 +27,8 @@ same ovant.map "$(sed -n '/global:/,/local:/p' "$source/include/ovant.map" | gre
 # shellcheck disable=SC2016
 same docs/where.md "$(sed -nE 's/^\| *`([A-Za-z_0-9]+)` *\|.*/\1/p' "$source/docs/where.md" | sort)"
 
-exported=$("$nm" -D --defined-only "$library" | awk '{ print $3 }' | sed "/^$node\$/d" | sort)
-same "the built library" "${exported//@@$node/}"
+same "the built library" "$("$nm" -D --defined-only "$library" | awk '{ print $3 }' |
+    sed -E "/^$node(@@$node)?\$/d; s/@@$node\$//; t; s/\$/ outside $node/" | sort)"
 
 # Nothing but the C library (and its loader) by name or by symbol: no C++ run-time library, no exceptions, no RTTI.
 needed=$("$readelf" -dW "$library" | sed -n 's/.*(NEEDED).*\[\(.*\)\]/\1/p' |
