@@ -5,28 +5,31 @@
 
 namespace ovant {
 
-// The subtree at top is new, one level higher than what was there.  Every level node above it leans from now on and is
-// higher too; the first node that leans already absorbs the growth, with a turn if it leaned the same way.  Returns 1
-// only if the growth has passed bottom.
+// The subtree at top is one level higher than what was there.  Every level node above it leans from now on and is
+// higher too; the first node that leans already absorbs the growth, with a turn if it leaned the same way.  (A turn
+// around a level child, which no insertion gives, absorbs nothing, and the climb goes on.)  Returns 1 if the growth has
+// passed bottom, else 0.
 template <class Nodes> Change grow(Nodes nodes, Entry *bottom, Entry *top) {
-    if (top == bottom)
-        return 1;
-    Entry *q = top - 1;
-    nodes.hang(side_of(q->Dir), q->Node, top->Node);
-    int balance;
-    while ((balance = nodes.balance(q->Node)) == 0) {
-        nodes.set_balance(q->Node, q->Dir);
-        if (q == bottom)
-            return 1;
-        --q;
+    Change change = 1;
+    while (change != 0 && top != bottom) {
+        Entry *q = top - 1;
+        nodes.hang(side_of(q->Dir), q->Node, top->Node);
+        while (nodes.balance(q->Node) == 0) {
+            nodes.set_balance(q->Node, q->Dir);
+            if (q == bottom)
+                return 1;
+            --q;
+        }
+        Node cursor = q->Node;
+        const int balance = nodes.balance(cursor) + q->Dir;
+        nodes.set_balance(cursor, balance);
+        if (balance == 0)
+            return 0;
+        change += repair(nodes, q, &q->Node, &cursor);
+        top = q;
     }
-    nodes.set_balance(q->Node, balance + q->Dir);
-    if (balance + q->Dir == 0)
-        return 0;
-    Node cursor = q->Node;
-    const Change change = 1 + repair(nodes, q, &q->Node, &cursor);
-    if (q != bottom)
-        nodes.hang(side_of(q[-1].Dir), q[-1].Node, q->Node);
+    if (top != bottom) // the new root that the turn delivered
+        nodes.hang(side_of(top[-1].Dir), top[-1].Node, top->Node);
     return change;
 }
 

@@ -772,12 +772,13 @@ OVANT_API void *AVL_GetOutsideLessGreater(AVL_Tree *tree, const void *first, con
 /* ---- Range deletion -------------------------------------------------------------------------------------------- */
 /* A key range is destroyed: Kill(node, context) gets each of its nodes once.  No result; the tree keeps all the others
  * and is balanced.  Below, x stands for the nodes that go, and the signs speak of tree order.
- * One Kill and a few steps per node that goes, and work that goes with H; nodes that stay do not count.  Comparisons as
- * in range extraction, none of them while a subtree is swept, but some after the first Kill: a key must not lie inside
- * a node that goes.  Use the Stack.  What becomes of the nodes is Kill's business; their headers are not cleared.
- * Call back Cmp and Kill, never Free: a node cannot refuse.  During Kill the tree is in pieces, so Kill must not call
- * anything on it.  Inside a subtree a node goes before its children, and the right one's nodes before the left one's.
- * A sound tree reports nothing; see Errors for a damaged one.
+ * One Kill and a few steps per node that goes, and work that goes with H; nodes that stay do not count.  With
+ * AVL_Kill_Ret as Kill, which does nothing, the nodes that go do not count either: a cut is all it takes.  Comparisons
+ * as in range extraction, none of them while a subtree is swept, but some after the first Kill: a key must not lie
+ * inside a node that goes.  Use the Stack.  What becomes of the nodes is Kill's business; their headers are not
+ * cleared. Call back Cmp and Kill, never Free: a node cannot refuse.  During Kill the tree is in pieces, so Kill must
+ * not call anything on it.  Inside a subtree a node goes before its children, and the right one's nodes before the left
+ * one's. A sound tree reports nothing; see Errors for a damaged one.
  */
 
 /* AVL_DelLess: x < key. */

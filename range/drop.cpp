@@ -8,9 +8,7 @@ using namespace ovant;
 
 namespace {
 
-auto killer(const AVL_Tree *tree, void *context) {
-    return [kill = tree->Funcs->Kill, context](Node n) { kill(n, context); };
-}
+Killer killer(const AVL_Tree *tree, void *context) { return {tree->Funcs->Kill, context}; }
 
 template <Side S>
 Node drop_side(AVL_Tree *tree, Entry *bottom, Entry *top, Change *change, void *context, Function reports_as) {
@@ -23,7 +21,7 @@ Node drop_side(AVL_Tree *tree, Entry *bottom, Entry *top, Change *change, void *
 } // namespace
 
 void AVL_KillBelow(AVL_Tree *tree, Entry *first, Node root, void *context) {
-    sweep(Nodes(tree), first, root, killer(tree, context));
+    killer(tree, context).below(Nodes(tree), first, root);
 }
 Node AVL_DropBefore(AVL_Tree *tree, Entry *bottom, Entry *top, Change *change, void *context) {
     return drop_side<Side::left>(tree, bottom, top, change, context, Function::drop_before);
