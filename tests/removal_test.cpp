@@ -33,17 +33,25 @@ bool reaches(const Removal &removal, std::size_t position, std::size_t nodes) {
     return removal.end == 0 || position == (removal.end == DIR_LEFT ? 0 : nodes - 1);
 }
 
-// Takes the node out of the tree and of the model.
-void remove(Host &host, const Removal &removal, std::vector<Node> &order, std::size_t position) {
-    const Node victim = order[position];
+// One removal, where Free answers that this node stays at the place, 0 for none.
+void expect_removal(Host &host, const Removal &removal, const Sapling &sapling, std::size_t position, Node stays) {
+    host.tree->Root = sapling.restore();
+    const Node victim = sapling.order[position];
     const int key = key_of(victim);
     Record left_behind = load<Record>(victim);
-    if (removal.frees)
+    if (removal.frees && stays != victim)
         spoil_link(&left_behind);
-    order.erase(order.begin() + static_cast<std::ptrdiff_t>(position));
+    std::vector<Node> order = sapling.order;
+    if (stays)
+        store(order[position] = stays, 0, load<Record>(victim)); // header, key and all
+    else
+        order.erase(order.begin() + static_cast<std::ptrdiff_t>(position));
+
     seen = {};
+    seen.answer = stays;
     EXPECT_EQ(removal.run(host.tree, &key), removal.frees ? nullptr : victim);
     expect_tree(host.tree, order);
+    EXPECT_TRUE(stays != victim || (host.tree->Root == sapling.root && sapling.untouched()));
     EXPECT_EQ(std::memcmp(victim, &left_behind, sizeof left_behind), 0) << "the node that left was written";
     EXPECT_EQ(seen.calls, std::vector<Call>(removal.frees, {Handler::free, victim, removal.word, &context}));
 }
@@ -51,14 +59,17 @@ void remove(Host &host, const Removal &removal, std::vector<Node> &order, std::s
 void remove_each(const Shape &shape) {
     Host host;
     const Sapling sapling(host, shape);
+    const Node spare = host.record(0);
     const StackGuard guard(host.tree, shape.height);
     for (const Removal &removal : removals)
         for (std::size_t i = 0; i < sapling.order.size() && !::testing::Test::HasFailure(); i++) {
             SCOPED_TRACE(::testing::Message() << removal.name << " at position " << i);
-            host.tree->Root = sapling.restore();
-            std::vector<Node> order = sapling.order;
-            if (reaches(removal, i, order.size()))
-                remove(host, removal, order, i);
+            if (!reaches(removal, i, sapling.order.size()))
+                continue;
+            expect_removal(host, removal, sapling, i, nullptr);
+            for (Node stays : {sapling.order[i], spare})
+                if (removal.frees)
+                    expect_removal(host, removal, sapling, i, stays);
         }
 }
 TEST(Removal, LeavesSoundTreesAtEveryNode) {
@@ -69,94 +80,46 @@ TEST(Removal, LeavesSoundTreesAtEveryNode) {
 }
 
 TEST(Removal, PutsTheNeighbourFromTheHigherSideInPlace) {
-    const std::string left = "30(20(10,25),40(35,45))", whole = "50(" + left + ",70(60,80))";
     const struct {
-        std::string before;
+        const char *before;
         int key;
-        std::string after;
+        const char *after;
     } cases[] = {
-        {whole, 50, "45-(30(20(10,25),40-(35,)),70(60,80))"},
-        {whole, 70, "50-(" + left + ",80-(60,))"},
-        {"50(30(20(10,),40(35,45)),70(60,80))", 20, "50-(30+(10,40(35,45)),70(60,80))"},
+        {"50(30(20(10,25),40(35,45)),70(60,80))", 50, "45-(30(20(10,25),40-(35,)),70(60,80))"},
+        {"50(30(20(10,25),40(35,45)),70(60,80))", 70, "50-(30(20(10,25),40(35,45)),80-(60,))"},
         {"30(20(10,),40)", 40, "20(10,30)"},
         {"20(10,)", 20, "10"},
     };
     for (const auto &row : cases)
-        for (const Removal &removal : removals) {
+        for (const auto run : {removals[0].run, removals[1].run}) {
             Host host;
-            plant(host, row.before.c_str());
-            const std::vector<int> keys = keys_of(check(host.tree).order);
-            const auto at = std::find(keys.begin(), keys.end(), row.key) - keys.begin();
-            if (reaches(removal, static_cast<std::size_t>(at), keys.size())) {
-                removal.run(host.tree, &row.key);
-                EXPECT_EQ(picture_of(host.tree->Root), row.after) << removal.name << " " << row.key;
-            }
+            plant(host, row.before);
+            run(host.tree, &row.key);
+            EXPECT_EQ(picture_of(host.tree->Root), row.after);
         }
-}
-
-TEST(Removal, AsksFreeWhatStaysAtThePlace) {
-    for_all_shapes(4, 1, [](const Shape &shape, Keys) {
-        Host host;
-        std::vector<Node> order = plant(host, shape);
-        Node spare = host.record(0);
-        const std::string picture = picture_of(host.tree->Root);
-        for (std::size_t i = 0; i < order.size(); i++)
-            for (const Removal &removal : removals) {
-                if (!removal.frees || !reaches(removal, i, order.size()))
-                    continue;
-                const int key = key_of(order[i]);
-                const std::deque<Record> before = host.bytes();
-                seen.answer = order[i];
-                removal.run(host.tree, &key);
-                expect_tree(host.tree, order);
-                EXPECT_TRUE(host == before);
-
-                store(spare, 0, load<Record>(order[i])); // header, key and all
-                seen.answer = spare;
-                removal.run(host.tree, &key);
-                std::swap(order[i], spare);
-                expect_tree(host.tree, order);
-                EXPECT_EQ(picture_of(host.tree->Root), picture);
-            }
-    });
 }
 
 TEST(Removal, DoesNothingWithoutANode) {
     for_all_shapes(3, 1, [](const Shape &shape, Keys keys) {
         Host host;
-        const std::vector<Node> order = plant(host, shape);
+        std::vector<Node> order = plant(host, shape);
         const std::deque<Record> before = host.bytes();
-        for (std::size_t i = 0; i <= order.size(); i++) {
-            const int absent = keys.at(i) - 5;
-            for (const auto make : {AVL_MakeKey, AVL_MakeLastKey, AVL_MakePredKey}) {
-                AVL_DelPfad(host.tree, make(host.tree, &absent), &absent, &context);
-                EXPECT_EQ(AVL_GetPfad(host.tree, make(host.tree, &absent)), nullptr);
-            }
-            EXPECT_TRUE(seen.calls.empty());
-            seen.answer = nullptr; // no node from Malloc
-            EXPECT_EQ(AVL_InsertGetKey(host.tree, &absent, &context), nullptr);
-            seen = {};
-        }
+        const int absent = keys.at(order.size() / 2) - 5;
         for (const Removal &removal : removals)
-            EXPECT_TRUE(!order.empty() || removal.end == 0 || removal.run(host.tree, nullptr) == nullptr);
+            if (order.empty() || removal.end == 0) {
+                seen.answer = nullptr; // the toggle asks Malloc, and there is no node
+                EXPECT_EQ(removal.run(host.tree, &absent), nullptr) << removal.name;
+            }
         expect_tree(host.tree, order);
-        EXPECT_TRUE(host == before && seen.calls.empty());
-    });
-}
+        EXPECT_TRUE(host == before);
+        EXPECT_EQ(seen.calls, (std::vector<Call>{{Handler::malloc, nullptr, &absent, &context}}));
 
-TEST(Removal, EmptiesTreesInAnyMixture) {
-    std::mt19937 random(4);
-    for (int round = 0; round < 12; round++) {
-        SCOPED_TRACE(round);
-        Host host;
-        std::vector<Node> order = plant(host, random_shape(7, random));
-        while (!order.empty() && !HasFailure()) {
-            const std::size_t position = random() % order.size();
-            const Removal &removal = removals[random() % std::size(removals)];
-            remove(host, removal, order, removal.end == 0 ? position : removal.end == DIR_LEFT ? 0 : order.size() - 1);
-        }
-        EXPECT_EQ(host.tree->Root, nullptr);
-    }
+        const Node node = host.record(absent);
+        seen.answer = node;
+        EXPECT_EQ(AVL_InsertGetKey(host.tree, &absent, &context), nullptr);
+        order.insert(order.begin() + static_cast<std::ptrdiff_t>(order.size() / 2), node);
+        expect_tree(host.tree, order);
+    });
 }
 
 } // namespace
