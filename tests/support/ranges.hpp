@@ -3,10 +3,12 @@
 
 #include "check.hpp"
 
+#include <array>
+#include <type_traits>
+
 namespace ovant::test {
 
-enum class Part { before, after, between, outside }; // where the nodes that go stand
-enum class Edge { front, back };                     // the boundary before or after the equal run of a bound
+enum class At { start, front, back, end }; // a boundary: either end of the tree, or of the equal run of a bound
 
 using RangeCall = Node (*)(AVL_Tree *tree, const int *first, const int *second, void *context);
 
@@ -14,48 +16,37 @@ struct RangeOp {
     const char *name;
     RangeCall get, del; // 0 where the family has no such member
     int bounds;
-    Part part;
-    Edge first, second; // the boundary at each bound
+    At first, second;     // two boundaries: what stands between them goes
+    bool outside = false; // or all the rest does
 };
 
-inline Node call(Node (*f)(AVL_Tree *, const void *), AVL_Tree *t, const int *a, const int *, void *) {
-    return f(t, a);
-}
-inline Node call(Node (*f)(AVL_Tree *, const void *, const void *), AVL_Tree *t, const int *a, const int *b, void *) {
-    return f(t, a, b);
-}
-inline Node call(void (*f)(AVL_Tree *, const void *, void *), AVL_Tree *t, const int *a, const int *, void *context) {
-    return f(t, a, context), nullptr;
-}
-inline Node call(void (*f)(AVL_Tree *, const void *, const void *, void *), AVL_Tree *t, const int *a, const int *b,
-                 void *context) {
-    return f(t, a, b, context), nullptr;
-}
-template <auto F> Node range_call(AVL_Tree *tree, const int *first, const int *second, void *context) {
-    return call(F, tree, first, second, context);
+// Any member of the family called in one form.
+template <auto F> Node by(AVL_Tree *tree, const int *first, const int *second, void *context) {
+    using Function = decltype(F);
+    if constexpr (std::is_invocable_v<Function, AVL_Tree *, const int *>)
+        return F(tree, first);
+    else if constexpr (std::is_invocable_v<Function, AVL_Tree *, const int *, const int *>)
+        return F(tree, first, second);
+    else if constexpr (std::is_invocable_v<Function, AVL_Tree *, const int *, void *>)
+        F(tree, first, context);
+    else
+        F(tree, first, second, context);
+    return nullptr;
 }
 
-// clang-format off
 inline constexpr RangeOp range_ops[] = {
-    {"Less", range_call<AVL_GetLess>, range_call<AVL_DelLess>, 1, Part::before, Edge::front, {}},
-    {"EqualLess", range_call<AVL_GetEqualLess>, range_call<AVL_DelEqualLess>, 1, Part::before, Edge::back, {}},
-    {"Greater", range_call<AVL_GetGreater>, range_call<AVL_DelGreater>, 1, Part::after, Edge::back, {}},
-    {"EqualGreater", range_call<AVL_GetEqualGreater>, range_call<AVL_DelEqualGreater>, 1, Part::after, Edge::front, {}},
-    {"BetweenEqualEqual", range_call<AVL_GetBetweenEqualEqual>, range_call<AVL_DelBetweenEqualEqual>,
-        2, Part::between, Edge::front, Edge::back},
-    {"BetweenEqualLess", nullptr, range_call<AVL_DelBetweenEqualLess>, 2, Part::between, Edge::front, Edge::front},
-    {"BetweenGreaterLess", range_call<AVL_GetBetweenGreaterLess>, range_call<AVL_DelBetweenGreaterLess>,
-        2, Part::between, Edge::back, Edge::front},
-    {"BetweenKey", range_call<AVL_GetBetweenKey>, range_call<AVL_DelBetweenKey>,
-        1, Part::between, Edge::front, Edge::back},
-    {"OutsideEqualEqual", range_call<AVL_GetOutsideEqualEqual>, range_call<AVL_DelOutsideEqualEqual>,
-        2, Part::outside, Edge::back, Edge::front},
-    {"OutsideKey", range_call<AVL_GetOutsideKey>, range_call<AVL_DelOutsideKey>,
-        1, Part::outside, Edge::front, Edge::back},
-    {"OutsideLessGreater", range_call<AVL_GetOutsideLessGreater>, range_call<AVL_DelOutsideLessGreater>,
-        2, Part::outside, Edge::front, Edge::back},
+    {"Less", by<AVL_GetLess>, by<AVL_DelLess>, 1, At::start, At::front},
+    {"EqualLess", by<AVL_GetEqualLess>, by<AVL_DelEqualLess>, 1, At::start, At::back},
+    {"Greater", by<AVL_GetGreater>, by<AVL_DelGreater>, 1, At::back, At::end},
+    {"EqualGreater", by<AVL_GetEqualGreater>, by<AVL_DelEqualGreater>, 1, At::front, At::end},
+    {"BetweenEqualEqual", by<AVL_GetBetweenEqualEqual>, by<AVL_DelBetweenEqualEqual>, 2, At::front, At::back},
+    {"BetweenEqualLess", nullptr, by<AVL_DelBetweenEqualLess>, 2, At::front, At::front},
+    {"BetweenGreaterLess", by<AVL_GetBetweenGreaterLess>, by<AVL_DelBetweenGreaterLess>, 2, At::back, At::front},
+    {"BetweenKey", by<AVL_GetBetweenKey>, by<AVL_DelBetweenKey>, 1, At::front, At::back},
+    {"OutsideEqualEqual", by<AVL_GetOutsideEqualEqual>, by<AVL_DelOutsideEqualEqual>, 2, At::back, At::front, true},
+    {"OutsideKey", by<AVL_GetOutsideKey>, by<AVL_DelOutsideKey>, 1, At::front, At::back, true},
+    {"OutsideLessGreater", by<AVL_GetOutsideLessGreater>, by<AVL_DelOutsideLessGreater>, 2, At::front, At::back, true},
 };
-// clang-format on
 
 // What a call does to a sequence in tree order; an operation of one bound has it as both.
 struct Parted {
@@ -63,18 +54,13 @@ struct Parted {
     std::vector<Node> goes, stays;
 };
 inline Parted part(const std::vector<Node> &order, const RangeOp &op, int first, int second) {
-    const auto position = [&](int key, Edge edge) {
+    const auto position = [&](int key, At at) {
         const auto run = run_of(order, key);
-        return edge == Edge::front ? run.front : run.back;
+        return std::array{std::size_t{0}, run.front, run.back, order.size()}[static_cast<std::size_t>(at)];
     };
     Parted parted{position(first, op.first), position(second, op.second), {}, {}};
-    for (std::size_t i = 0; i < order.size(); i++) {
-        const bool behind_first = i >= parted.first, before_second = i < parted.second;
-        const bool goes = op.part == Part::before  ? !behind_first
-                          : op.part == Part::after ? behind_first
-                                                   : (behind_first && before_second) == (op.part == Part::between);
-        (goes ? parted.goes : parted.stays).push_back(order[i]);
-    }
+    for (std::size_t i = 0; i < order.size(); i++)
+        ((i >= parted.first && i < parted.second) != op.outside ? parted.goes : parted.stays).push_back(order[i]);
     return parted;
 }
 
