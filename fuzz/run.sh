@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # fuzz/run.sh [SECONDS]: builds the harness under the sanitizers and runs it, by libFuzzer where clang has it.
-# What it finds lies in build/fuzz as crash-*; run it again with: build/fuzz/operations FILE
+# What libFuzzer finds lies in build/fuzz as crash-*; run it again with: build/fuzz/operations FILE
+# Without it a finding is told by its seed; run that again with: build/fuzz/operations 0 SEED
 set -euo pipefail
 cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.."
 
