@@ -32,13 +32,11 @@ struct Checked {
 inline Checked check(const AVL_Tree *tree, Node root) {
     Checked checked;
     checked.height = check_below(root, checked.order, 0);
-    const int comparisons = seen.comparisons;
     for (std::size_t i = 1; i < checked.order.size(); i++) {
         const char *before = static_cast<char *>(checked.order[i - 1]), *after = static_cast<char *>(checked.order[i]);
         if (tree->Cmp(before + tree->KeyOff, after + key_off) < 0)
             ADD_FAILURE() << "order at record " << id_of(after);
     }
-    seen.comparisons = comparisons;
     return checked;
 }
 inline Checked check(const AVL_Tree *tree) { return check(tree, tree->Root); }
@@ -49,13 +47,12 @@ inline void expect_tree(const AVL_Tree *tree, const std::vector<Node> &order) { 
 struct EqualRun {
     std::size_t front, back;
 };
-inline EqualRun run_of(const std::vector<Node> &order, int key, AVL_CmpFunc cmp = smallest_first) {
-    const int comparisons = seen.comparisons;
-    const auto answer = [&](Node node) { return cmp(static_cast<char *>(node) + key_off, &key); };
-    const auto front = std::partition_point(order.begin(), order.end(), [&](Node n) { return answer(n) > 0; });
-    const auto back = std::partition_point(front, order.end(), [&](Node n) { return answer(n) == 0; });
-    seen.comparisons = comparisons;
-    return {static_cast<std::size_t>(front - order.begin()), static_cast<std::size_t>(back - order.begin())};
+inline EqualRun run_of(const std::vector<Node> &order, int key) {
+    const auto boundary = [&](int least) {
+        const auto at = std::partition_point(order.begin(), order.end(), [=](Node n) { return key_of(n) < least; });
+        return static_cast<std::size_t>(at - order.begin());
+    };
+    return {boundary(key), boundary(key + 1)};
 }
 
 // The three classic orders, by recursion, of a subtree that need not be sound.
@@ -78,16 +75,6 @@ inline std::vector<Node> traversal(Node root, Visit visit) {
     return nodes;
 }
 inline std::vector<Node> inorder(Node root) { return traversal(root, Visit::between); }
-// Where a descent meets the run first, as a position in tree order: its node nearest to Root, the first in preorder.
-inline std::size_t nearest_to_root(const AVL_Tree *tree, const std::vector<Node> &order, EqualRun run) {
-    const auto front = order.begin() + static_cast<std::ptrdiff_t>(run.front);
-    const auto back = order.begin() + static_cast<std::ptrdiff_t>(run.back);
-    for (Node node : traversal(tree->Root, Visit::before))
-        if (const auto at = std::find(front, back, node); at != back)
-            return static_cast<std::size_t>(at - order.begin());
-    return order.size();
-}
-
 template <class Read> std::vector<int> read_all(const std::vector<Node> &nodes, Read read) {
     std::vector<int> values;
     for (Node node : nodes)
@@ -117,17 +104,6 @@ inline std::string text_of(const AVL_Tree *tree, const Entry *top) {
     }
     return text;
 }
-// From Root upward each entry's Dir leads to the next entry's Node.
-inline void expect_chain(const AVL_Tree *tree, const Entry *top) {
-    ASSERT_GE(top, tree->Stack);
-    EXPECT_EQ(tree->Stack->Node, tree->Root);
-    for (const Entry *entry = tree->Stack; entry < top; entry++) {
-        ASSERT_TRUE(entry->Node && (entry->Dir == DIR_LEFT || entry->Dir == DIR_RIGHT)) << text_of(tree, top);
-        const AVL_Link link = link_of(entry->Node);
-        EXPECT_EQ(entry[1].Node, entry->Dir == DIR_LEFT ? link.Left : link.Right) << text_of(tree, top);
-    }
-}
-
 // Paints the entries above a height, up to the 43 that every build has, and the sentinel; the end of its life fails
 // the test where one was written.
 class StackGuard {

@@ -20,6 +20,7 @@ constexpr std::size_t key_off = link_off + sizeof(AVL_Link) + 1;
 constexpr std::size_t id_off = key_off + 8;
 struct Record {
     unsigned char bytes[id_off + sizeof(int)];
+    bool operator==(const Record &other) const { return std::memcmp(bytes, other.bytes, sizeof bytes) == 0; }
 };
 static_assert(key_off % 2 == 1 && sizeof(Record) % 2 == 1);
 
@@ -57,14 +58,11 @@ struct Seen {
 inline Seen seen;
 
 // Search keys are pointers to int, which like the keys in the nodes may lie anywhere.
-template <int Sign> int compare_ints(const void *node_key, const void *key) {
+inline int smallest_first(const void *node_key, const void *key) {
     seen.comparisons++;
     const int in_node = load<int>(node_key), sought = load<int>(key);
-    return Sign * ((in_node < sought) - (in_node > sought));
+    return (in_node < sought) - (in_node > sought);
 }
-constexpr AVL_CmpFunc smallest_first = compare_ints<1>;
-constexpr AVL_CmpFunc largest_first = compare_ints<-1>;
-
 inline int note_report(int function, int error) {
     seen.reports.emplace_back(function, error);
     return 0;
@@ -73,32 +71,21 @@ inline int note_report(int function, int error) {
 // A node that goes loses its header, as a host may release it at once; key and id stay readable for the tests.
 inline void spoil_link(Node node) { std::memset(static_cast<char *>(node) + link_off, 0xDD, sizeof(AVL_Link)); }
 
-inline const AVL_NodeFuncs noting_handlers = {
-    // The context is the node, as with the two public tables.
-    .Malloc =
-        [](const void *key, void *context) {
-            seen.calls.push_back({Handler::malloc, nullptr, key, context});
-            return seen.answer.value_or(context);
-        },
-    .Realloc =
-        [](void *node, const void *key, void *context) {
-            seen.calls.push_back({Handler::realloc, node, key, context});
-            return seen.answer.value_or(node);
-        },
-    .Free =
-        [](void *node, const void *key, void *context) {
-            seen.calls.push_back({Handler::free, node, key, context});
-            const Node stays = seen.answer.value_or(nullptr);
-            if (stays != node)
-                spoil_link(node);
-            return stays;
-        },
-    .Kill =
-        [](void *node, void *context) {
-            seen.calls.push_back({Handler::kill, node, nullptr, context});
-            spoil_link(node);
-        },
-};
+inline Node note(const Call &call, Node own_answer) {
+    seen.calls.push_back(call);
+    const Node answer = seen.answer.value_or(own_answer);
+    if (call.handler == Handler::kill || (call.handler == Handler::free && answer != call.node))
+        spoil_link(call.node);
+    return answer;
+}
+// The context is the new node, as with the two public tables.
+inline Node on_malloc(const void *key, void *context) {
+    return note({Handler::malloc, nullptr, key, context}, context);
+}
+inline Node on_realloc(Node n, const void *key, void *context) { return note({Handler::realloc, n, key, context}, n); }
+inline Node on_free(Node n, const void *key, void *context) { return note({Handler::free, n, key, context}, nullptr); }
+inline void on_kill(Node n, void *context) { note({Handler::kill, n, nullptr, context}, nullptr); }
+inline constexpr AVL_NodeFuncs noting_handlers = {on_malloc, on_realloc, on_free, on_kill};
 
 class Host {
 public:
@@ -120,18 +107,8 @@ public:
         store(&made, id_off, static_cast<int>(records_.size()) - 1);
         return &made;
     }
-    Node with_id(int id) { return &records_[static_cast<std::size_t>(id)]; }
-    std::size_t count() const { return records_.size(); }
     std::deque<Record> bytes() const { return records_; } // a copy, to compare with later
-    void restore(const std::deque<Record> &before) { std::copy(before.begin(), before.end(), records_.begin()); }
-    bool operator==(const std::deque<Record> &before) const {
-        if (before.size() != records_.size())
-            return false;
-        for (std::size_t i = 0; i < before.size(); i++)
-            if (std::memcmp(&before[i], &records_[i], sizeof(Record)) != 0)
-                return false;
-        return true;
-    }
+    bool operator==(const std::deque<Record> &before) const { return records_ == before; }
 
     AVL_Tree *const tree;
 

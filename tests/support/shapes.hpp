@@ -3,6 +3,7 @@
 
 #include "host.hpp"
 
+#include <cstdlib>
 #include <random>
 
 namespace ovant::test {
@@ -15,35 +16,6 @@ struct Shape {
 
 constexpr int left_height(int height, int balance) { return height - 1 - (balance > 0); }
 constexpr int right_height(int height, int balance) { return height - 1 - (balance < 0); }
-
-// All shapes of one height: 1, 1, 3, 15, 315 for the heights 0 to 4.
-constexpr unsigned count_shapes(int height) {
-    if (height < 2)
-        return 1;
-    const unsigned high = count_shapes(height - 1), low = count_shapes(height - 2);
-    return high * high + 2 * high * low;
-}
-inline void append_shape(Shape &shape, int height, unsigned index) {
-    if (height == 0)
-        return;
-    int balance = 0;
-    for (int next : {-1, 1, 2}) {
-        const unsigned size = count_shapes(left_height(height, balance)) * count_shapes(right_height(height, balance));
-        if (index < size || height == 1)
-            break;
-        index -= size;
-        balance = next;
-    }
-    shape.balances.push_back(balance);
-    const unsigned rights = count_shapes(right_height(height, balance));
-    append_shape(shape, left_height(height, balance), index / rights);
-    append_shape(shape, right_height(height, balance), index % rights);
-}
-inline Shape nth_shape(int height, unsigned index) {
-    Shape shape{height, {}};
-    append_shape(shape, height, index);
-    return shape;
-}
 
 // A shape whose every node of height 2 and more takes the balance that choose(height) gives.
 template <class Choose> void append_chosen(Shape &shape, int height, Choose &choose) {
@@ -74,84 +46,61 @@ struct Keys {
     int at(std::size_t position) const { return first + step * (static_cast<int>(position) / run); }
 };
 
-struct Built {
-    Node root = nullptr;
-    std::vector<Node> order; // the nodes in tree order
-};
-inline Node build_below(Host &host, const Shape &shape, int height, std::size_t &next, Keys keys, Built &built) {
-    if (height == 0)
-        return nullptr;
-    const int balance = shape.balances[next++];
-    const Node left = build_below(host, shape, left_height(height, balance), next, keys, built);
-    const Node node = host.record(keys.at(built.order.size()));
-    built.order.push_back(node);
-    const Node right = build_below(host, shape, right_height(height, balance), next, keys, built);
-    set_link(node, left, right, balance);
-    return node;
-}
-inline Built build(Host &host, const Shape &shape, Keys keys = {}) {
-    Built built;
-    std::size_t next = 0;
-    built.root = build_below(host, shape, shape.height, next, keys, built);
-    return built;
-}
-// Makes the shape the host's tree and gives its nodes in tree order.
-inline std::vector<Node> plant(Host &host, const Shape &shape, Keys keys = {}) {
-    Built built = build(host, shape, keys);
-    host.tree->Root = built.root;
-    return built.order;
-}
-
-// A subtree that can be put back into its first shape, however often an operation takes it apart.
+// A subtree, built and then put back into its first shape as often as an operation takes it apart.
 struct Sapling {
-    Sapling(Host &host, const Shape &shape, Keys keys = {}) : Sapling(shape.height, build(host, shape, keys)) {}
+    Sapling(Host &host, const Shape &shape, Keys keys = {}) : height(shape.height) {
+        auto balance = shape.balances.begin();
+        root = grow(host, shape.height, balance, keys);
+        for (Node node : order)
+            links.push_back(link_of(node));
+    }
     Node restore() const {
         for (std::size_t i = 0; i < order.size(); i++)
             store(order[i], link_off, links[i]);
         return root;
     }
     bool untouched() const {
-        for (std::size_t i = 0; i < order.size(); i++)
-            if (std::memcmp(static_cast<char *>(order[i]) + link_off, &links[i], sizeof(AVL_Link)) != 0)
-                return false;
-        return true;
+        return std::equal(order.begin(), order.end(), links.begin(), [](Node node, const AVL_Link &link) {
+            return std::memcmp(static_cast<char *>(node) + link_off, &link, sizeof link) == 0;
+        });
     }
     int height;
     Node root;
-    std::vector<Node> order;
+    std::vector<Node> order; // the nodes in tree order
     std::vector<AVL_Link> links;
 
 private:
-    Sapling(int tall, const Built &built) : height(tall), root(built.root), order(built.order) {
-        for (Node node : order)
-            links.push_back(link_of(node));
+    Node grow(Host &host, int tall, std::vector<int>::const_iterator &next, Keys keys) {
+        if (tall == 0)
+            return nullptr;
+        const int balance = *next++;
+        const Node left = grow(host, left_height(tall, balance), next, keys);
+        const Node node = host.record(keys.at(order.size()));
+        order.push_back(node);
+        const Node right = grow(host, right_height(tall, balance), next, keys);
+        set_link(node, left, right, balance);
+        return node;
     }
 };
-// One of each shape up to a height.
-inline std::vector<Sapling> saplings(Host &host, int up_to_height) {
-    std::vector<Sapling> all;
-    for (int height = 0; height <= up_to_height; height++)
-        for (unsigned index = 0; index < count_shapes(height); index++)
-            all.emplace_back(host, nth_shape(height, index));
-    return all;
+// Makes the shape the host's tree and gives its nodes in tree order.
+inline std::vector<Node> plant(Host &host, const Shape &shape, Keys keys = {}) {
+    const Sapling sapling(host, shape, keys);
+    host.tree->Root = sapling.root;
+    return sapling.order;
 }
 
-// A tree from its picture, "60(40(,50),70)"; the balances are the true ones, however far a node leans.
+// A tree from its picture, "60(40(,50),70)".
 inline Node parse_below(Host &host, const char *&text, int &height) {
     height = 0;
     if (*text < '0' || *text > '9')
         return nullptr;
-    int key = 0, left_tall = 0, right_tall = 0;
-    for (; *text >= '0' && *text <= '9'; text++)
-        key = 10 * key + (*text - '0');
-    const Node node = host.record(key);
-    Node left = nullptr, right = nullptr;
+    const Node node = host.record(static_cast<int>(std::strtol(text, const_cast<char **>(&text), 10)));
+    int left_tall = 0, right_tall = 0;
     if (*text == '(') {
-        left = parse_below(host, ++text, left_tall);
-        right = parse_below(host, ++text, right_tall);
+        const Node left = parse_below(host, ++text, left_tall), right = parse_below(host, ++text, right_tall);
+        set_link(node, left, right, right_tall - left_tall);
         ++text;
     }
-    set_link(node, left, right, right_tall - left_tall);
     height = 1 + std::max(left_tall, right_tall);
     return node;
 }
@@ -160,16 +109,36 @@ inline void plant(Host &host, const char *picture) {
     host.tree->Root = parse_below(host, picture, height);
 }
 
-// Every shape up to a height, with equal runs of 1 to longest nodes: visit(shape, keys).
+// Every shape up to a height, 1, 1, 3, 15, 315 for the heights 0 to 4, with equal runs of 1 to longest nodes:
+// visit(shape, keys).
 template <class Visit> void for_all_shapes(int up_to_height, int longest_run, Visit visit) {
-    for (int height = 0; height <= up_to_height; height++)
-        for (unsigned index = 0; index < count_shapes(height); index++)
+    for (int height = 0; height <= up_to_height; height++) {
+        std::vector<int> balances; // of the nodes that have a choice; the next shape changes the last one that can grow
+        do {
+            std::size_t used = 0;
+            const Shape shape = chosen_shape(height, [&](int) {
+                if (used == balances.size())
+                    balances.push_back(-1);
+                return balances[used++];
+            });
             for (int run = 1; run <= longest_run; run++) {
-                SCOPED_TRACE(::testing::Message() << "height " << height << ", shape " << index << ", run " << run);
-                visit(nth_shape(height, index), Keys{run});
+                SCOPED_TRACE("shape " + ::testing::PrintToString(shape.balances) + ", run " + std::to_string(run));
+                visit(shape, Keys{run});
                 if (::testing::Test::HasFailure())
                     return; // the first broken shape tells enough
             }
+            while (!balances.empty() && balances.back() == 1)
+                balances.pop_back();
+            if (!balances.empty())
+                balances.back()++;
+        } while (!balances.empty());
+    }
+}
+// One of each shape up to a height.
+inline std::vector<Sapling> saplings(Host &host, int up_to_height) {
+    std::vector<Sapling> all;
+    for_all_shapes(up_to_height, 1, [&](const Shape &shape, Keys) { all.emplace_back(host, shape); });
+    return all;
 }
 
 } // namespace ovant::test
