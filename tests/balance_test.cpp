@@ -41,22 +41,6 @@ TEST(DeepBalance, JoinsAllPairsOfSmallSubtrees) {
         }
 }
 
-TEST(DeepBalance, BridgesGreatDifferences) {
-    std::mt19937 random(7);
-    for (int round = 0; round < 200; round++) {
-        const int low = round < 2 ? 0 : static_cast<int>(random() % 5);
-        const int high = round < 2 ? 20 : (round < 9 ? 15 : 5) + static_cast<int>(random() % 11);
-        SCOPED_TRACE(::testing::Message() << "round " << round << ", heights " << low << " and " << high);
-        Host host;
-        const Node pivot = host.record(0);
-        const Sapling small(host, random_shape(low, random));
-        const Sapling large(host, high > 14 ? leaning_shape(high, round % 2 * 2 - 1) : random_shape(high, random));
-        expect_repair(host, pivot, small, large, false);
-        expect_repair(host, pivot, large, small, false);
-        ASSERT_FALSE(HasFailure());
-    }
-}
-
 constexpr Keys equal_keys = {1, 0, 0}; // a scion fits anywhere
 
 // Puts another subtree where a path leads, from the position begin in tree order on, and lets AVL_FixPfad carry the
