@@ -52,6 +52,9 @@ template <class Float> void expect_float_order(AVL_CmpFunc cmp) {
     EXPECT_TRUE(cmp(&minus, &plus) == 0 && cmp(&plus, &minus) == 0);
     for (const Float &other : {one, -limits::infinity(), nan})
         EXPECT_TRUE(cmp(&nan, &other) == DIR_RIGHT && cmp(&other, &nan) == DIR_RIGHT);
+    Host host(cmp); // and so in a descent that computes the order in place
+    AVL_Insert(host.tree, &one, host.record(one));
+    EXPECT_EQ(AVL_SearchGreaterEqual(host.tree, &nan), nullptr);
 }
 TEST(Compare, FloatingPointWithNothingBesideNaN) {
     expect_float_order<float>(AVL_CMP_Float);

@@ -93,7 +93,8 @@ TEST(Insert, ManyInARow) {
     std::vector<Node> order;
     for (int i = 0; i < 12; i++)
         insert_and_expect(host, order, family[0], 20);
-    EXPECT_EQ(ids_of(order), (std::vector{2, 4, 7, 8, 0, 11, 10, 9, 6, 5, 3, 1}));
+    for (int position = 0; int made : {2, 4, 7, 8, 0, 11, 10, 9, 6, 5, 3, 1})
+        EXPECT_EQ(id_of(order[static_cast<std::size_t>(position++)]), made);
 }
 
 } // namespace

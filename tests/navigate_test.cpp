@@ -18,23 +18,23 @@ struct World {
 
     Node at(std::size_t position) const { return position < order.size() ? order[position] : nullptr; }
     Node before(std::size_t position) const { return at(position - 1); } // position 0 wraps round to no node
-    // Where a descent meets a run first: the node nearest to Root, the first in preorder.
-    std::size_t nearest(EqualRun run) const {
-        for (Node node : traversal(tree->Root, Visit::before))
-            for (std::size_t position = run.front; position < run.back; position++)
-                if (node == order[position])
-                    return position;
-        return run.front;
+    // Where a descent meets the range first; the ids are positions in tree order.
+    std::size_t nearest(EqualRun range) const {
+        Node node = tree->Root;
+        std::size_t position;
+        while (position = static_cast<std::size_t>(id_of(node)), position < range.front || position >= range.back)
+            node = position < range.front ? link_of(node).Right : link_of(node).Left;
+        return position;
     }
     // From Root upward each entry's Dir leads to the next entry's Node.
     void expect_path(const Entry *top, Node node, bool ends_here = true) const {
         ASSERT_GE(top, tree->Stack);
         Node next = tree->Root;
         for (const Entry *entry = tree->Stack; entry < top; entry++) {
-            ASSERT_TRUE(entry->Node && entry->Node == next && std::abs(entry->Dir) == 1) << text_of(tree, top);
+            ASSERT_TRUE(entry->Node && entry->Node == next && std::abs(entry->Dir) == 1);
             next = entry->Dir == DIR_LEFT ? link_of(next).Left : link_of(next).Right;
         }
-        EXPECT_TRUE(top->Node == node && next == node && (top->Dir == DIR_HERE || !ends_here)) << text_of(tree, top);
+        EXPECT_TRUE(top->Node == node && next == node && (top->Dir == DIR_HERE || !ends_here));
     }
     // The entry is an open Pfad at the gap before this position: the only empty link there.
     void expect_open(const Entry *top, std::size_t gap) const {
@@ -48,8 +48,8 @@ void expect_key_answers(const World &world, int key) {
     const EqualRun run = run_of(world.order, key);
     const bool present = run.front != run.back;
     const auto if_present = [=](Node node) { return present ? node : nullptr; };
-    const std::size_t match = world.nearest(run);
-    // The neighbours of the match; of an absent key those of its gap.
+    // Where the key is found, or its gap; and the neighbours.
+    const std::size_t match = present ? world.nearest(run) : run.front;
     const Node pred = world.before(match), succ = world.at(match + present);
     const struct {
         Node node;
@@ -92,40 +92,37 @@ void expect_key_answers(const World &world, int key) {
     world.expect_open(AVL_MakeEqualLess(tree, &key) + (world.height > 0), run.back);
 }
 
-TEST(Navigate, KeysAndNeighboursOnAllSmallShapes) {
+// The path to the node that a descent meets first, of an empty range the gap.
+void expect_range(const World &world, const Entry *top, std::size_t front, std::size_t back) {
+    if (front < back)
+        world.expect_path(top, world.at(world.nearest({front, back})), false);
+    else
+        world.expect_open(top, front);
+}
+
+TEST(Navigate, PathsAndSearchesOnAllSmallShapes) {
     for_all_shapes(4, 3, [](const Shape &shape, Keys keys) {
         World world(shape, keys);
         AVL_Tree *const tree = world.tree;
         StackGuard guard(tree, shape.height);
         const auto bytes = world.host.bytes();
-        for (int key = keys.first - 5; key <= keys.at(world.order.size()); key += 5)
+        const int end = keys.at(world.order.size());
+        for (int key = keys.first - 5; key <= end; key += 5) {
             expect_key_answers(world, key);
+            const EqualRun run = run_of(world.order, key);
+            for (int first = keys.first - 5; first <= end; first += shape.height < 4 ? 5 : 15) {
+                const EqualRun low = run_of(world.order, first);
+                expect_range(world, AVL_MakeBetweenEqualEqual(tree, &first, &key), low.front, run.back);
+                expect_range(world, AVL_MakeBetweenEqualLess(tree, &first, &key), low.front, run.front);
+                expect_range(world, AVL_MakeBetweenGreaterLess(tree, &first, &key), low.back, run.front);
+            }
+        }
         const Node first = world.at(0), last = world.before(world.order.size());
         world.expect_path(AVL_MakeMin(tree), first);
         world.expect_path(AVL_MakeMax(tree), last);
         world.expect_path(AVL_MakeRoot(tree), tree->Root);
         EXPECT_TRUE(AVL_SearchMin(tree) == first && AVL_SearchMax(tree) == last);
         EXPECT_TRUE(world.host == bytes) << "looking changes nothing";
-    });
-}
-
-TEST(Navigate, RangePathsOnAllSmallShapes) {
-    for_all_shapes(4, 3, [](const Shape &shape, Keys keys) {
-        World world(shape, keys);
-        const auto expect_range = [&](Entry *top, std::size_t front, std::size_t back) {
-            if (front < back)
-                world.expect_path(top, world.at(world.nearest({front, back})), false);
-            else
-                world.expect_open(top, front);
-        };
-        const int last = keys.at(world.order.size()), stride = shape.height < 4 ? 5 : 15;
-        for (int first = keys.first - 5; first <= last; first += stride)
-            for (int second = keys.first - 5; second <= last; second += 5) {
-                const EqualRun low = run_of(world.order, first), high = run_of(world.order, second);
-                expect_range(AVL_MakeBetweenEqualEqual(world.tree, &first, &second), low.front, high.back);
-                expect_range(AVL_MakeBetweenEqualLess(world.tree, &first, &second), low.front, high.front);
-                expect_range(AVL_MakeBetweenGreaterLess(world.tree, &first, &second), low.back, high.front);
-            }
     });
 }
 
@@ -156,14 +153,16 @@ std::vector<Node> drive(const World &world, const Walk &walk, Entry *&position, 
         world.expect_path(position, position->Node);
         nodes.push_back(position->Node);
     }
+    EXPECT_TRUE(position && (position->Node || position == world.tree->Stack));
     return nodes;
 }
-void expect_no_way_on(AVL_Tree *tree, const Walk &walk, Entry *position) {
-    EXPECT_EQ(walk.step(tree, position), nullptr);
-    EXPECT_EQ(std::exchange(seen.reports, {}), std::vector{walk.after_end});
+void expect_end(AVL_Tree *tree, const Walk &walk, Entry *position) {
+    EXPECT_TRUE(position && !position->Node);
+    EXPECT_EQ(walk.step(tree, position), walk.visit == Visit::between ? position : nullptr);
+    EXPECT_EQ(std::exchange(seen.reports, {}), std::vector<Report>(walk.visit != Visit::between, walk.after_end));
 }
 
-TEST(Navigate, WalksOnAllSmallShapesEndAndSwitch) {
+TEST(Navigate, WalksOnAllSmallShapes) {
     for_all_shapes(4, 1, [](const Shape &shape, Keys keys) {
         World world(shape, keys);
         AVL_Tree *const tree = world.tree;
@@ -171,46 +170,29 @@ TEST(Navigate, WalksOnAllSmallShapesEndAndSwitch) {
         for (const Walk &walk : walks) {
             SCOPED_TRACE(::testing::Message() << "walk " << &walk - walks);
             const std::vector<Node> nodes = walk.nodes(tree);
-            Entry *position = nullptr;
-            EXPECT_EQ(drive(world, walk, position), nodes);
-            EXPECT_TRUE(position == tree->Stack && !position->Node);
-            if (walk.visit != Visit::between)
-                expect_no_way_on(tree, walk, position);
-            else
-                EXPECT_TRUE(walk.step(tree, position) == position && !position->Node);
-            // Each walk takes over at each position of each other walk.
-            for (const Walk &other : walks) {
-                const std::vector<Node> others = other.nodes(tree);
-                for (std::size_t steps = 1; steps <= nodes.size(); steps++) {
-                    position = nullptr;
-                    drive(world, walk, position, steps);
-                    EXPECT_EQ(drive(world, other, position), behind(others, nodes[steps - 1]));
+            // From the start, and at each position of each walk.
+            for (const Walk &other : walks)
+                for (std::size_t steps = 0; steps <= world.order.size(); steps++) {
+                    Entry *position = nullptr;
+                    const std::vector<Node> before = drive(world, other, position, steps);
+                    EXPECT_EQ(drive(world, walk, position), before.empty() ? nodes : behind(nodes, before.back()));
+                    expect_end(tree, walk, position);
                 }
+            // From an empty link, as if a leaf hung there and had just been visited.
+            for (int key = keys.first - 5; shape.height && key <= keys.at(world.order.size()); key += 10) {
+                Entry *position = AVL_MakeKey(tree, &key);
+                const Node parent = position[-1].Node, leaf = world.host.record(key);
+                const AVL_Link link = link_of(parent);
+                Nodes(tree).hang(side_of(position[-1].Dir), parent, leaf);
+                const std::vector<Node> rest = behind(walk.nodes(tree), leaf);
+                store(parent, link_off, link);
+                if (walk.step != AVL_WalkSuccPreorder) { // which reports at once
+                    EXPECT_EQ(drive(world, walk, position), rest);
+                }
+                expect_end(tree, walk, position);
             }
         }
         expect_tree(tree, world.order);
-        EXPECT_TRUE(seen.reports.empty());
-    });
-}
-
-TEST(Navigate, WalksGoOnFromAnEmptyLink) {
-    for_all_shapes(4, 1, [](const Shape &shape, Keys keys) {
-        World world(shape, keys);
-        for (int key = keys.first - 5; shape.height && key <= keys.at(world.order.size()); key += 10)
-            for (const Walk &walk : walks) {
-                Entry *position = AVL_MakeKey(world.tree, &key);
-                if (walk.step == AVL_WalkSuccPreorder) {
-                    expect_no_way_on(world.tree, walk, position);
-                    continue;
-                }
-                // As if a leaf hung at the link and had just been visited.
-                const Node parent = position[-1].Node, leaf = world.host.record(key);
-                const AVL_Link link = link_of(parent);
-                Nodes(world.tree).hang(side_of(position[-1].Dir), parent, leaf);
-                const std::vector<Node> rest = behind(walk.nodes(world.tree), leaf);
-                store(parent, link_off, link);
-                EXPECT_EQ(drive(world, walk, position), rest);
-            }
     });
 }
 
@@ -218,10 +200,10 @@ TEST(Navigate, StepsSteerByHand) {
     World world(full_shape(3), {});
     AVL_Tree *tree = world.tree;
     Entry *position = AVL_WalkRight(tree, AVL_WalkRight(tree, AVL_WalkLeft(tree, AVL_MakeRoot(tree))));
-    EXPECT_EQ(text_of(tree, position), "40L 20R 30R -");
+    world.expect_open(position, 3);
     EXPECT_TRUE(position->Dir == DIR_HERE && !AVL_WalkLeft(tree, position) && !AVL_WalkRight(tree, position));
     position = AVL_WalkUp(tree, position);
-    EXPECT_EQ(text_of(tree, position), "40L 20R 30H");
+    world.expect_path(position, world.at(2));
     EXPECT_EQ(AVL_WalkUp(tree, AVL_WalkUp(tree, position)), tree->Stack);
     EXPECT_TRUE(AVL_WalkUp(tree, tree->Stack) == tree->Stack && !tree->Stack->Node && tree->Root);
 }

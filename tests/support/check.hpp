@@ -57,32 +57,23 @@ inline EqualRun run_of(const std::vector<Node> &order, int key) {
 
 // The three classic orders, by recursion, of a subtree that need not be sound.
 enum class Visit { before, between, after };
-inline void traverse(Node node, Visit visit, std::vector<Node> &nodes) {
+inline std::vector<Node> traversal(Node node, Visit visit) {
     if (!node)
-        return;
-    if (visit == Visit::before)
-        nodes.push_back(node);
-    traverse(link_of(node).Left, visit, nodes);
-    if (visit == Visit::between)
-        nodes.push_back(node);
-    traverse(link_of(node).Right, visit, nodes);
-    if (visit == Visit::after)
-        nodes.push_back(node);
-}
-inline std::vector<Node> traversal(Node root, Visit visit) {
-    std::vector<Node> nodes;
-    traverse(root, visit, nodes);
+        return {};
+    std::vector<Node> nodes = traversal(link_of(node).Left, visit);
+    const std::vector<Node> right = traversal(link_of(node).Right, visit);
+    const auto middle = nodes.insert(nodes.end(), right.begin(), right.end());
+    nodes.insert(visit == Visit::before ? nodes.begin() : visit == Visit::between ? middle : nodes.end(), node);
     return nodes;
 }
 inline std::vector<Node> inorder(Node root) { return traversal(root, Visit::between); }
-template <class Read> std::vector<int> read_all(const std::vector<Node> &nodes, Read read) {
-    std::vector<int> values;
+
+inline std::vector<int> keys_of(const std::vector<Node> &nodes) {
+    std::vector<int> keys;
     for (Node node : nodes)
-        values.push_back(read(node));
-    return values;
+        keys.push_back(key_of(node));
+    return keys;
 }
-inline std::vector<int> keys_of(const std::vector<Node> &nodes) { return read_all(nodes, key_of<int>); }
-inline std::vector<int> ids_of(const std::vector<Node> &nodes) { return read_all(nodes, id_of); }
 
 // A tree as text, "60-(40+(,50),70)": keys with the sign of their Balance, then the children.
 inline std::string picture_of(Node node) {
@@ -95,39 +86,26 @@ inline std::string picture_of(Node node) {
     return link.Left || link.Right ? text + "(" + picture_of(link.Left) + "," + picture_of(link.Right) + ")" : text;
 }
 
-// A path as text, "50L 30R 40H": keys and directions up to the entry; a "-" stands for Node 0, with no direction.
-inline std::string text_of(const AVL_Tree *tree, const Entry *top) {
-    std::string text;
-    for (const Entry *entry = tree->Stack; entry <= top; entry++) {
-        text += entry == tree->Stack ? "" : " ";
-        text += entry->Node ? std::to_string(key_of(entry->Node)) + "NLHR?"[std::clamp(entry->Dir + 2, 0, 4)] : "-";
-    }
-    return text;
-}
-// Paints the entries above a height, up to the 43 that every build has, and the sentinel; the end of its life fails
-// the test where one was written.
+// Paints the entries above a height, up to the 43 that every build has; the end of its life fails the test where one
+// of them or the sentinel was written.
 class StackGuard {
 public:
-    StackGuard(AVL_Tree *tree, int height) : stack_(tree->Stack), sentinel_(stack_[-1]), first_(height + 1) {
+    StackGuard(const AVL_Tree *tree, int height) : stack_(tree->Stack), first_(height + 1) {
         for (int i = first_; i < entries; i++)
-            stack_[i] = {paint(), 77};
-        stack_[-1] = {paint(), 77};
+            stack_[i] = {stack_, paint};
     }
     ~StackGuard() {
         for (int i = first_; i < entries; i++)
-            if (stack_[i].Node != paint() || stack_[i].Dir != 77)
+            if (stack_[i].Node != stack_ || stack_[i].Dir != paint)
                 ADD_FAILURE() << "entry " << i << " was written";
-        EXPECT_TRUE(stack_[-1].Node == paint() && stack_[-1].Dir == 77) << "the sentinel was written";
-        stack_[-1] = sentinel_;
+        EXPECT_TRUE(stack_[-1].Node == nullptr && stack_[-1].Dir == DIR_NEW) << "the sentinel was written";
     }
     StackGuard(const StackGuard &) = delete;
     StackGuard &operator=(const StackGuard &) = delete;
 
 private:
-    static constexpr int entries = 43;
-    Node paint() const { return stack_; } // any address that is no node
+    static constexpr int entries = 43, paint = 77;
     Entry *stack_;
-    Entry sentinel_;
     int first_;
 };
 

@@ -89,8 +89,8 @@ inline constexpr AVL_NodeFuncs noting_handlers = {on_malloc, on_realloc, on_free
 
 class Host {
 public:
-    explicit Host(AVL_CmpFunc cmp = smallest_first, std::size_t offset_of_key = key_off)
-        : tree(AVL_Konstruktor(link_off, &noting_handlers, offset_of_key, cmp, note_report)) {
+    explicit Host(AVL_CmpFunc cmp = smallest_first)
+        : tree(AVL_Konstruktor(link_off, &noting_handlers, key_off, cmp, note_report)) {
         seen = {};
     }
     ~Host() { AVL_Destruktor(tree); }
