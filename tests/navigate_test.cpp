@@ -153,7 +153,7 @@ std::vector<Node> drive(const World &world, const Walk &walk, Entry *&position, 
         world.expect_path(position, position->Node);
         nodes.push_back(position->Node);
     }
-    EXPECT_TRUE(position && (position->Node || position == world.tree->Stack));
+    EXPECT_TRUE(!position || position->Node || position == world.tree->Stack);
     return nodes;
 }
 void expect_end(AVL_Tree *tree, const Walk &walk, Entry *position) {
