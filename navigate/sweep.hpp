@@ -11,15 +11,24 @@ namespace ovant {
 template <class Nodes, class Visit> void sweep(Nodes nodes, Entry *first, Node root, Visit visit) {
     Entry *free = first;
     const auto open = [&free](Node n) { // without a branch: whether a child is there is as good as random
-        __builtin_prefetch(n ? n : free);
         free->Node = n;
         free += n ? 1 : 0;
     };
+    // An address of 0 would take longer to refuse than any other takes to load.
+    const auto ask_for = [](Node n, Node instead) { __builtin_prefetch(n ? n : instead); };
     open(root);
     while (free != first) {
         const Node n = (--free)->Node;
-        open(nodes.template child<Side::left>(n));
-        open(nodes.template child<Side::right>(n));
+        const Node left = nodes.template child<Side::left>(n), right = nodes.template child<Side::right>(n);
+        ask_for(left, n);
+        ask_for(right, n);
+        if (free != first) { // what waits below has been asked for before: now its children
+            const Node next = free[-1].Node;
+            ask_for(nodes.template child<Side::left>(next), next);
+            ask_for(nodes.template child<Side::right>(next), next);
+        }
+        open(left);
+        open(right);
         visit(n);
     }
 }
