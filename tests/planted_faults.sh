@@ -16,7 +16,9 @@ balance/deep.hpp         s/lean == 2 ? turn<H>(nodes, &w, cursor) : lean - 1/lea
 balance/deep.hpp         s/change += level->Dir;//
 balance/deep.hpp         s/lean<H>(w) > 1/lean<H>(w) > 0/
 balance/fix_pfad.hpp     s/return 1;$/return 0;/
-balance/fix_pfad.hpp     s/nodes.hang(side_of(q.-1..Dir), q.-1..Node, q->Node)/;/
+balance/fix_pfad.hpp     s/nodes.hang(side_of(q->Dir), q->Node, top->Node);//
+balance/fix_pfad.hpp     s/nodes.hang(side_of(top.-1..Dir), top.-1..Node, top->Node)/;/
+balance/fix_pfad.hpp     s/while (change != 0 && top != bottom)/if (top != bottom)/
 balance/fix_pfad.hpp     s/change = lean > 0 ? -1 : 0/change = -1/
 balance/fix_pfad.hpp     s/rest < -1/rest < -2/
 balance/fix_pfad.hpp     s/} else if (change == 0) {/}if (change == 0) {/
@@ -33,8 +35,9 @@ range/split.hpp          s/ - (lean > 0 ? 1 : 0)//
 range/split.hpp          s/nodes.template lean<S>(n) < 0 ? 2 : 1/1/
 range/drop.hpp           s/miss<!S>(nodes, n, kept);//
 range/drop.hpp           s/if (e->Dir == DIR_HERE)/if (false)/
-range/drop.hpp           s/sweep(nodes, e + 1.*/kill(n); &/;s/^        kill(n);$//
-range/drop.cpp           s/sweep(Nodes(tree), first,/sweep(Nodes(tree), first + 2,/
+range/drop.hpp           s/kill.below(nodes, e + 1.*/kill(n); &/;s/^        kill(n);$//
+range/drop.hpp           s/kill != AVL_Kill_Ret/kill == AVL_Kill_Ret/
+range/drop.cpp           s/below(Nodes(tree), first,/below(Nodes(tree), first + 2,/
 range/join.hpp           s/gone.balance < 0 || !gone.right/gone.balance <= 0 || !gone.right/
 range/join.hpp           s/gone.left && (gone.balance < 0 || !gone.right)/gone.balance < 0/
 range/join.hpp           s/-= gone.balance == 0 ? 0 : 1/-= 0/
