@@ -1,4 +1,4 @@
-// Searches, key paths, range paths, walks and steps, held against recursion and a sorted sequence.
+// Searches, key paths, walks and steps, held against recursion and a sorted sequence.
 #include "support/check.hpp"
 #include "support/shapes.hpp"
 
@@ -87,17 +87,6 @@ void expect_key_answers(const World &world, int key) {
             EXPECT_LE(seen.comparisons, world.height) << "one comparison per level";
         }
     }
-    // A boundary path ends at the last real node; the entry above is the open Pfad.
-    world.expect_open(AVL_MakeLess(tree, &key) + (world.height > 0), run.front);
-    world.expect_open(AVL_MakeEqualLess(tree, &key) + (world.height > 0), run.back);
-}
-
-// The path to the node that a descent meets first, of an empty range the gap.
-void expect_range(const World &world, const Entry *top, std::size_t front, std::size_t back) {
-    if (front < back)
-        world.expect_path(top, world.at(world.nearest({front, back})), false);
-    else
-        world.expect_open(top, front);
 }
 
 TEST(Navigate, PathsAndSearchesOnAllSmallShapes) {
@@ -106,17 +95,8 @@ TEST(Navigate, PathsAndSearchesOnAllSmallShapes) {
         AVL_Tree *const tree = world.tree;
         StackGuard guard(tree, shape.height);
         const auto bytes = world.host.bytes();
-        const int end = keys.at(world.order.size());
-        for (int key = keys.first - 5; key <= end; key += 5) {
+        for (int key = keys.first - 5; key <= keys.at(world.order.size()); key += 5)
             expect_key_answers(world, key);
-            const EqualRun run = run_of(world.order, key);
-            for (int first = keys.first - 5; first <= end; first += shape.height < 4 ? 5 : 15) {
-                const EqualRun low = run_of(world.order, first);
-                expect_range(world, AVL_MakeBetweenEqualEqual(tree, &first, &key), low.front, run.back);
-                expect_range(world, AVL_MakeBetweenEqualLess(tree, &first, &key), low.front, run.front);
-                expect_range(world, AVL_MakeBetweenGreaterLess(tree, &first, &key), low.back, run.front);
-            }
-        }
         const Node first = world.at(0), last = world.before(world.order.size());
         world.expect_path(AVL_MakeMin(tree), first);
         world.expect_path(AVL_MakeMax(tree), last);

@@ -80,16 +80,16 @@ TEST(Removal, LeavesSoundTreesAtEveryNode) {
 }
 
 TEST(Removal, PutsTheNeighbourFromTheHigherSideInPlace) {
-    const auto without = [](const char *before, int key) {
+    const auto without = [](const Shape &shape, int key) {
         Host host;
-        plant(host, before);
+        plant(host, shape);
         AVL_GetPfad(host.tree, AVL_MakeKey(host.tree, &key));
         return picture_of(host.tree->Root);
     };
-    const std::string left = "30(20(10,25),40(35,45))";
-    EXPECT_EQ(without(("50(" + left + ",70(60,80))").c_str(), 50), "45-(30(20(10,25),40-(35,)),70(60,80))");
-    EXPECT_EQ(without(("50(" + left + ",70(60,80))").c_str(), 70), "50-(" + left + ",80-(60,))");
-    EXPECT_EQ(without("30(20(10,),40)", 40), "20(10,30)");
+    const Shape leaning{4, {-1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}}; // 80 over full trees of heights 3 and 2
+    EXPECT_EQ(without(leaning, 80), "70-(40(20(10,30),60-(50,)),100(90,110))");
+    EXPECT_EQ(without(leaning, 100), "80-(40(20(10,30),60(50,70)),110-(90,))");
+    EXPECT_EQ(without(leaning_shape(3, -1), 40), "20(10,30)");
 }
 
 TEST(Removal, DoesNothingWithoutANode) {

@@ -3,7 +3,6 @@
 
 #include "host.hpp"
 
-#include <cstdlib>
 #include <random>
 
 namespace ovant::test {
@@ -87,26 +86,6 @@ inline std::vector<Node> plant(Host &host, const Shape &shape, Keys keys = {}) {
     const Sapling sapling(host, shape, keys);
     host.tree->Root = sapling.root;
     return sapling.order;
-}
-
-// A tree from its picture, "60(40(,50),70)".
-inline Node parse_below(Host &host, const char *&text, int &height) {
-    height = 0;
-    if (*text < '0' || *text > '9')
-        return nullptr;
-    const Node node = host.record(static_cast<int>(std::strtol(text, const_cast<char **>(&text), 10)));
-    int left_tall = 0, right_tall = 0;
-    if (*text == '(') {
-        const Node left = parse_below(host, ++text, left_tall), right = parse_below(host, ++text, right_tall);
-        set_link(node, left, right, right_tall - left_tall);
-        ++text;
-    }
-    height = 1 + std::max(left_tall, right_tall);
-    return node;
-}
-inline void plant(Host &host, const char *picture) {
-    int height;
-    host.tree->Root = parse_below(host, picture, height);
 }
 
 // Every shape up to a height, 1, 1, 3, 15, 315 for the heights 0 to 4, with equal runs of 1 to longest nodes:
