@@ -9,6 +9,40 @@ namespace {
 
 int context; // known by its address
 
+// In which order nodes go to Kill, by the shape before the call; the ids are positions in tree order.
+struct KillOrder {
+    std::vector<Node> nodes;
+
+    static bool is_before(Node node, std::size_t gap) { return static_cast<std::size_t>(id_of(node)) < gap; }
+    void sweep(Node node) {
+        if (!node)
+            return;
+        nodes.push_back(node);
+        sweep(link_of(node).Right);
+        sweep(link_of(node).Left);
+    }
+    // What stands before a gap, or behind it, from the end of the path upward.
+    void drop(bool before, Node node, std::size_t gap) {
+        if (!node)
+            return;
+        const AVL_Link link = link_of(node);
+        drop(before, is_before(node, gap) ? link.Right : link.Left, gap);
+        if (is_before(node, gap) != before)
+            return;
+        sweep(before ? link.Left : link.Right);
+        nodes.push_back(node);
+    }
+    void between(Node node, std::size_t first, std::size_t second) {
+        while (node && (is_before(node, first) || !is_before(node, second)))
+            node = is_before(node, first) ? link_of(node).Right : link_of(node).Left;
+        if (!node)
+            return;
+        nodes.push_back(node);
+        drop(true, link_of(node).Right, second);
+        drop(false, link_of(node).Left, first);
+    }
+};
+
 // A tree that every call finds in its first shape.
 struct Plot {
     // With equal keys the comparator is one that is computed in place.
@@ -41,16 +75,26 @@ struct Plot {
             expect_sound(tree->Root, first.order);
         }
     }
-    void expect_del(const RangeOp &op, int a, int b, Parted parted) {
+    void expect_del(const RangeOp &op, int a, int b, const Parted &parted) {
         AVL_Tree *tree = fresh();
+        KillOrder expected;
+        if (op.outside) { // in two goes, the second on what the first has left
+            expected.drop(false, tree->Root, parted.second);
+            (op.second == At::front ? AVL_DelEqualGreater : AVL_DelGreater)(tree, &b, &context);
+            expected.drop(true, tree->Root, parted.first);
+            fresh();
+        } else if (op.first == At::start || op.second == At::end) {
+            const bool before = op.first == At::start;
+            expected.drop(before, tree->Root, before ? parted.second : parted.first);
+        } else {
+            expected.between(tree->Root, parted.first, parted.second);
+        }
         op.del(tree, &a, &b, &context);
         expect_sound(tree->Root, parted.stays);
         if (parted.goes.empty())
             expect_untouched();
-        std::vector<Node> killed = seen.killed();
-        std::sort(killed.begin(), killed.end());
-        std::sort(parted.goes.begin(), parted.goes.end());
-        EXPECT_TRUE(killed == parted.goes && seen.calls.size() == killed.size() && seen.reports.empty());
+        EXPECT_TRUE(seen.killed() == expected.nodes && seen.calls.size() == expected.nodes.size());
+        EXPECT_TRUE(expected.nodes.size() == parted.goes.size() && seen.reports.empty());
 
         fresh()->Funcs = AVL_GetNodeFuncPtrRetNULL(); // a Kill that does nothing: the same, without the visits
         op.del(tree, &a, &b, &context);

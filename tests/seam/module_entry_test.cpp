@@ -34,13 +34,23 @@ void debug_output(const char *text) {
     error_value = 5;
 }
 void module_file_name(const void *module, char *buffer, std::size_t size) {
+    steps.push_back(module == &library_handle ? "library" : "host");
     if (names_told && size == 260)
         std::strcpy(buffer, module == &library_handle ? "c:\\Dir\\Lib.Dll" : "c:\\App\\Host.exe");
 }
-int thread_id() { return 1234; }
+int thread_id() {
+    steps.push_back("thread");
+    return 1234;
+}
 void disable_thread_notifications(void *module) { steps.push_back(module == &library_handle ? "off" : "?"); }
-int last_error() { return error_value; }
-void set_last_error(int value) { error_value = value; }
+int last_error() {
+    steps.push_back("save");
+    return error_value;
+}
+void set_last_error(int value) {
+    steps.push_back("restore");
+    error_value = value;
+}
 } // namespace ovant::platform
 
 static Steps steps_of(uint32_t reason, void *reserved = nullptr) {
@@ -51,20 +61,21 @@ static Steps steps_of(uint32_t reason, void *reserved = nullptr) {
     return steps;
 }
 
-TEST(ModuleEntry, AnnouncesEachNotification) {
+TEST(ModuleEntry, AnnouncesEachNotificationInTheGivenOrder) {
     names_told = true;
     const char *verbs[] = {"terminating", "initializing", "thread attach", "thread dettach"};
     for (uint32_t reason : {0u, 1u, 2u, 3u}) {
-        Steps expected = {"debug C:\\DIR\\LIB.DLL "s + verbs[reason] + " from C:\\APP\\HOST.EXE!(Thread ID = 1234)\n"};
+        const std::string line = "C:\\DIR\\LIB.DLL "s + verbs[reason] + " from C:\\APP\\HOST.EXE!(Thread ID = 1234)\n";
+        Steps expected = {"library", "host", "thread", "save", "debug " + line, "restore"};
         if (reason == 1)
             expected.push_back("off");
         EXPECT_EQ(steps_of(reason), expected);
     }
-    const std::string other = steps_of(0x80000004, reinterpret_cast<void *>(uintptr_t{0xABCD})).at(0);
+    const std::string other = steps_of(0x80000004, reinterpret_cast<void *>(uintptr_t{0xABCD})).at(4);
     EXPECT_TRUE(other.starts_with("debug OVANTLIB.DLL DllMain(HINSTANCE hInstance=0x"));
     EXPECT_TRUE(other.ends_with(", DWORD dwReason=0x80000004, LPVOID lpReserved=0x0000ABCD)\n"));
     names_told = false;
-    EXPECT_EQ(steps_of(0), Steps{"debug  terminating from !(Thread ID = 1234)\n"});
+    EXPECT_EQ(steps_of(0).at(4), "debug  terminating from !(Thread ID = 1234)\n");
 }
 
 TEST(ModuleEntry, TraceIsBounded) {
@@ -72,7 +83,7 @@ TEST(ModuleEntry, TraceIsBounded) {
     DebugTrace(nullptr);
     DebugTrace("%s", "");
     DebugTrace("%s", std::string(5000, 'x').c_str());
-    EXPECT_EQ(steps, Steps{"debug " + std::string(4095, 'x')});
+    EXPECT_EQ(steps, (Steps{"save", "restore", "save", "debug " + std::string(4095, 'x'), "restore"}));
 }
 
 TEST(DefaultHandler, GoesOnOrStopsByTheAnswer) {
