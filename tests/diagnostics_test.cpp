@@ -94,18 +94,19 @@ std::string listing(AVL_Tree *tree, int width = 26, AVL_FormatFunc formatter = s
 TEST(Listing, ShowsTheTreeOnItsSide) {
     Host host;
     EXPECT_EQ(listing(host.tree), "");
-    plant(host, Shape{4, {0, -1, -1, 0, 0, 0, 1, 0, 0, 0, 0}});
-    EXPECT_EQ(listing(host.tree), "00000000         + 0+     key=10\n"
-                                  "00000001      +-1+        key=20\n"
-                                  "00000002   +-1+           key=30\n"
-                                  "00000003   |  + 0+        key=40\n"
-                                  "00000004+ 0+              key=50\n"
-                                  "00000005   |  + 1+        key=60\n"
-                                  "00000006   |  |  + 0+     key=70\n"
-                                  "00000007   + 0+           key=80\n"
-                                  "00000008      |  + 0+     key=90\n"
-                                  "00000009      + 0+        key=100\n"
-                                  "00000010         + 0+     key=110\n");
+    for (const int key : {50, 30, 70, 20, 40, 60, 80, 10, 25, 45, 5})
+        AVL_Insert(host.tree, &key, host.record(key));
+    EXPECT_EQ(listing(host.tree), "00000000         + 0+     key=5\n"
+                                  "00000001      +-1+        key=10\n"
+                                  "00000002   +-1+           key=20\n"
+                                  "00000003   |  + 0+        key=25\n"
+                                  "00000004+ 0+              key=30\n"
+                                  "00000005   |  + 1+        key=40\n"
+                                  "00000006   |  |  + 0+     key=45\n"
+                                  "00000007   + 0+           key=50\n"
+                                  "00000008      |  + 0+     key=60\n"
+                                  "00000009      + 0+        key=70\n"
+                                  "00000010         + 0+     key=80\n");
 }
 
 TEST(Listing, BoundsRunFromRightToLeft) {

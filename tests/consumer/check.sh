@@ -25,8 +25,8 @@ export PKG_CONFIG_PATH LD_LIBRARY_PATH
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir ovant)
 [ "$(pkg-config --modversion ovant)" = 1.3.0 ]
 read -ra flags <<<"$(pkg-config --cflags --libs ovant)"
-cc -std=c99 -Wall -Wextra -Wpedantic -Werror "$here/consumer.c" "${flags[@]}" -o "$work/by_pkgconfig_c"
-c++ -std=c++20 -Wall -Wextra -Wpedantic -Werror "$here/consumer.cpp" "${flags[@]}" -o "$work/by_pkgconfig_cpp"
-"$work/by_pkgconfig_c"
-"$work/by_pkgconfig_cpp"
+cc -std=c99 -Wall -Wextra -Wpedantic -Werror "$here/../../examples/phonebook.c" "${flags[@]}" -o "$work/by_pkgconfig_c"
+c++ -std=c++20 -Wall -Wextra -Wpedantic -Werror "$here/../../examples/counting.cpp" "${flags[@]}" -o "$work/by_pkgconfig_cpp"
+"$work/by_pkgconfig_c" >/dev/null
+[ "$(echo b a b | "$work/by_pkgconfig_cpp")" = $'2 b\n1 a' ]
 echo "-- all hosts build and run"
