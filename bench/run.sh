@@ -16,6 +16,7 @@ usage: ./dev bench [OPTION]
   --filter REGEX     only these, as OPERATION/KEYS/NODES/CONTAINER: --filter 'find hit/random/1000/(avl_set|ovant)/'
   --cut              cost of cutting half of the nodes out of trees of 1,000 to 4,096,000; plots it
   --limit            searches beside a bare chase down the same links
+  --counters         what callgrind counts for the operations that are hardest to make fast, beside avl_set
   --budget           instructions of ten fixed runs, held against bench/budget.txt; --store rewrites that
 TEXT
 }
@@ -65,6 +66,31 @@ plot() {
     gnuplot -e "csv='$2'; svg='docs/bench-$1.svg'" "bench/$1.gp"
 }
 
+# Per step, or per operation for a range: instructions, branches guessed wrong, accesses that miss the first cache.
+count_all() {
+    local out operation n container steps
+    out=$(mktemp)
+    printf '%-14s%10s  %-9s%14s%8s%8s\n' operation n container instructions wrong misses
+    for operation in 'find dependent' 'erase by key' walk 'pop first' 'cut 50 %' join; do
+        for n in 1000 100000; do
+            for container in avl_set ovant; do
+                valgrind --tool=callgrind --branch-sim=yes --cache-sim=yes --collect-atstart=no --quiet \
+                    --callgrind-out-file="$out" "$programs/bench_counters" "$container" "$operation" "$n" 2>/dev/null
+                case $operation in
+                'find dependent') steps=$((n > 16384 ? n : 16384)) ;; # as many questions as a pass asks
+                cut* | join) steps=1 ;;
+                *) steps=$n ;;
+                esac
+                awk -v steps="$steps" -v row="$(printf '%-14s%10d  %-9s' "$operation" "$n" "$container")" '
+                    /^events:/ { for (i = 2; i <= NF; ++i) at[$i] = i }
+                    /^totals:/ { printf "%s%14.1f%8.2f%8.2f\n", row, $at["Ir"] / steps,
+                                 ($at["Bcm"] + $at["Bim"]) / steps, ($at["D1mr"] + $at["D1mw"]) / steps }' "$out"
+            done
+        done
+    done
+    rm -f "$out"
+}
+
 case ${1:-} in
 '')
     side_by_side
@@ -87,6 +113,11 @@ case ${1:-} in
 --limit)
     compile bench_limit
     "$programs/bench_limit"
+    ;;
+--counters)
+    want /usr/bin/valgrind:valgrind /usr/include/boost/intrusive/avl_set.hpp:libboost-dev
+    compile bench_counters
+    count_all
     ;;
 --budget)
     want /usr/bin/valgrind:valgrind
