@@ -74,7 +74,7 @@ Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
 
 // The same for a key, on the stack from the entry start.
 template <Rule R> PathTrail descend_stack(const AVL_Tree *tree, Entry *start, Node root, const void *key) {
-    return with_order(tree, key,
+    return with_order(tree, root, key,
                       [=](const auto &order) { return descend<R>(Nodes(tree), root, order, PathTrail{start}); });
 }
 

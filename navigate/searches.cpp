@@ -6,7 +6,7 @@ using namespace ovant;
 namespace {
 
 template <Rule R> NodeTrail search(const AVL_Tree *tree, const void *key) {
-    return with_order(tree, key,
+    return with_order(tree, tree->Root, key,
                       [tree](const auto &order) { return descend<R>(Nodes(tree), tree->Root, order, NodeTrail{}); });
 }
 
