@@ -27,7 +27,7 @@ set(CPACK_DEBIAN_DEV_DESCRIPTION "${details}
 This package holds the header, the static library and what builds find it by.")
 
 # The control files of a shared library.  The names are as old as the library: each came with 1.3.0.
-file(STRINGS include/ovant.map names REGEX "^ +[A-Za-z_0-9]+;$")
+file(STRINGS c/ovant.map names REGEX "^ +[A-Za-z_0-9]+;$")
 list(TRANSFORM names REPLACE " +([A-Za-z_0-9]+);" " \\1@OVANT_1.3 1.3.0")
 list(SORT names)
 list(JOIN names "\n" names)

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <cstdlib>
 
-using namespace ovant;
+using namespace ovant::c;
 using namespace ovant::test;
 
 namespace {

@@ -14,8 +14,8 @@ fi
 out=build/fuzz
 mkdir -p "$out/corpus"
 export ASAN_OPTIONS=abort_on_error=1
-flags=(-std=c++20 -g -O1 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -fno-sanitize-recover=all -Iinclude -I. -Itests)
-sources=(fuzz/operations.cpp {platform,frame,compare,balance,navigate,update,diagnostics,range}/*.cpp)
+flags=(-std=c++20 -g -O1 -Wall -Wextra -Wpedantic -Wconversion -Wshadow -fno-sanitize-recover=all -Iinclude -Ic -Itests)
+sources=(fuzz/operations.cpp c/*/*.cpp)
 
 if clang++ -x c++ -fsanitize=fuzzer -o "$out/probe" - 2>/dev/null <<<'extern "C" int LLVMFuzzerTestOneInput(const char *, unsigned long) { return 0; }'; then
     clang++ "${flags[@]}" -fsanitize=fuzzer,address,undefined "${sources[@]}" -lgtest -o "$out/operations"

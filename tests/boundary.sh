@@ -22,7 +22,7 @@ $difference"
 header=$(sed 's|^ *#.*||' "$source/include/ovant.h" | tr '\n' ' ' | grep -oE 'OVANT_API [^(;]*\(' |
     grep -oE '[A-Za-z_0-9]+\($' | tr -d '(' | sort)
 [ "$(wc -l <<<"$header")" = $count ] || fail "ovant.h declares $(wc -l <<<"$header") names, not $count"
-same ovant.map "$(sed -n '/global:/,/local:/p' "$source/include/ovant.map" | grep -oE '^ *[A-Za-z_0-9]+;' |
+same ovant.map "$(sed -n '/global:/,/local:/p' "$source/c/ovant.map" | grep -oE '^ *[A-Za-z_0-9]+;' |
     tr -d ' ;' | sort)"
 # shellcheck disable=SC2016
 same docs/where.md "$(sed -nE 's/^\| *`([A-Za-z_0-9]+)` *\|.*/\1/p' "$source/docs/where.md" | sort)"

@@ -3,7 +3,7 @@
 
 #include <limits>
 
-using namespace ovant;
+using namespace ovant::c;
 using namespace ovant::test;
 
 namespace {

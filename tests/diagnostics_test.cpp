@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <malloc.h>
 
-using namespace ovant;
+using namespace ovant::c;
 using namespace ovant::test;
 
 namespace {

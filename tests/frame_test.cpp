@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <malloc.h>
 
-using namespace ovant;
+using namespace ovant::c;
 using namespace ovant::test;
 
 namespace {

@@ -2,7 +2,7 @@
 #include "support/check.hpp"
 #include "support/shapes.hpp"
 
-using namespace ovant;
+using namespace ovant::c;
 using namespace ovant::test;
 
 namespace {

@@ -25,6 +25,8 @@ void __wrap_free(void *block) {
 }
 
 namespace ovant {
+using namespace ovant::c;
+
 namespace {
 
 // Block sizes, and where the key lies, are what code outside relies on: plain numbers for both widths of a pointer.

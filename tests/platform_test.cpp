@@ -107,12 +107,12 @@ TEST(Runtime, CharactersOfTheLocale) {
     const char *ordered[] = {"", "a", "ab", "\u00e3", "\u00e4", "\xe4", "\xe4q", "\u0416", "\U0001F600"};
     for (const char *const &first : ordered)
         for (const char *const &second : ordered) {
-            const int result = ovant::compare_multibyte(first, second);
+            const int result = ovant::c::compare_multibyte(first, second);
             EXPECT_EQ((result > 0) - (result < 0), (&first > &second) - (&first < &second)) << first << " " << second;
         }
     // U+0131 would shrink to I, U+0250 would grow to U+2C6F.
     char text[] = "c:\\dir\\\u00e4\u0131\u0250\xe4z";
-    ovant::upper_case(text);
+    ovant::c::upper_case(text);
     EXPECT_STREQ(text, "C:\\DIR\\\u00c4\u0131\u0250\xe4Z");
     setlocale(LC_CTYPE, "C");
 }

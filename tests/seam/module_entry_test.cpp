@@ -18,10 +18,10 @@ using Steps = std::vector<std::string>;
 static Steps steps;
 static int error_value;
 static bool names_told;
-static ovant::platform::Answer answer;
+static ovant::c::platform::Answer answer;
 static char library_handle;
 
-namespace ovant::platform {
+namespace ovant::c::platform {
 Answer message_box(const char *text, const char *title, unsigned flags) {
     steps.push_back("box "s + std::to_string(flags) + "\n" + title + text);
     return answer;
@@ -51,7 +51,7 @@ void set_last_error(int value) {
     steps.push_back("restore");
     error_value = value;
 }
-} // namespace ovant::platform
+} // namespace ovant::c::platform
 
 static Steps steps_of(uint32_t reason, void *reserved = nullptr) {
     steps.clear();
@@ -89,7 +89,7 @@ TEST(ModuleEntry, TraceIsBounded) {
 TEST(DefaultHandler, GoesOnOrStopsByTheAnswer) {
     for (int code = 0; code <= 7; code++) {
         steps.clear();
-        answer = static_cast<ovant::platform::Answer>(code);
+        answer = static_cast<ovant::c::platform::Answer>(code);
         EXPECT_EQ(Gen_SysError(114, 32), 0);
         Steps expected = {"beep 16", "box 8213\nWin32 MM-Error at Runtime (time)Error 32\ndecteted in Function 114\n"
                                      "Working Mode: Multi-Tree without Lockmanager\n"};

@@ -13,6 +13,8 @@
 
 namespace ovant::test {
 
+using namespace c;
+
 // A record: 3 bytes, link header, 1 byte, key, id.  Header and key lie at odd offsets, and since the size is odd too,
 // records that follow each other lie at even and odd addresses in turn.  The id counts the records as they are made.
 constexpr std::size_t link_off = 3;

@@ -1,0 +1,26 @@
+// How nodes go in a deletion.
+#pragma once
+
+#include "frame/nodes.hpp"
+#include "ovant/engine/sweep.hpp"
+
+namespace ovant::c {
+
+// Hands nodes to the tree's Kill.  A whole subtree need not be visited for a handler that does nothing with a node:
+// then a deletion costs no more than a cut.
+class Killer {
+public:
+    Killer(const AVL_Tree *tree, void *context) : kill_(tree->Funcs->Kill), context_(context) {}
+
+    void operator()(Node n) const { kill_(n, context_); }
+    void below(Nodes nodes, Entry *first, Node root) const {
+        if (kill_ != AVL_Kill_Ret)
+            sweep(nodes, first, root, *this);
+    }
+
+private:
+    void (*kill_)(void *node, void *context);
+    void *context_;
+};
+
+} // namespace ovant::c

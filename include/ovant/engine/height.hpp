@@ -1,0 +1,20 @@
+// The height of a subtree in one descent.
+#pragma once
+
+#include "links.hpp"
+
+namespace ovant::engine {
+
+// Goes down the lighter side, which touches the fewest nodes, and counts what each balance says of the side it skips.
+// A balance that no sound tree holds counts as level.
+template <class Nodes> int height(Nodes nodes, Node n) {
+    int height = 0;
+    while (n) {
+        const int balance = nodes.balance(n);
+        height += balance == 1 || balance == -1 ? 2 : 1;
+        n = nodes.child(balance == 1 ? Side::left : Side::right, n);
+    }
+    return height;
+}
+
+} // namespace ovant::engine
