@@ -58,4 +58,11 @@ template <class Nodes, class Entry> Change unlink(Nodes nodes, Entry *top, Saved
     return saved.balance < 0 ? close_gap<Side::left>(nodes, top, saved) : close_gap<Side::right>(nodes, top, saved);
 }
 
+// Takes the node at top out of the tree at bottom.  Returns the root.
+template <class Nodes, class Entry> Node remove(Nodes nodes, Entry *bottom, Entry *top) {
+    SavedLink saved = read_links(nodes, top->Node);
+    shrink(nodes, bottom, top, unlink(nodes, top, saved), own_dir);
+    return bottom->Node;
+}
+
 } // namespace ovant::engine

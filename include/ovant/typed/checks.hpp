@@ -1,0 +1,32 @@
+// Wrong use is caught where checks are on: in debug builds, unless OVANT_CHECKS says 0 or 1.  All of a program has one
+// setting.  The checks cost time, up to a search for an insertion; the layout of nothing changes.
+#pragma once
+
+#if !defined(OVANT_CHECKS)
+#if defined(NDEBUG)
+#define OVANT_CHECKS 0
+#else
+#define OVANT_CHECKS 1
+#endif
+#endif
+
+#if OVANT_CHECKS
+#include <stdio.h>
+#include <stdlib.h>
+#endif
+
+namespace ovant::typed {
+
+inline constexpr bool checks = OVANT_CHECKS;
+
+// One line on standard error, and the end of the process.
+inline void require([[maybe_unused]] bool holds, [[maybe_unused]] const char *what) {
+#if OVANT_CHECKS
+    if (!holds) {
+        fprintf(stderr, "ovant: %s\n", what);
+        abort();
+    }
+#endif
+}
+
+} // namespace ovant::typed

@@ -1,0 +1,163 @@
+// The tree itself: moved, cut, joined.
+#pragma once
+
+#include "../engine/between.hpp"
+#include "whole.hpp"
+
+namespace ovant {
+
+// An ordered container of records that carry their own links; ovant.hpp says more.
+template <bool Unique, auto Link, auto Key, class Compare, class Dispose>
+class ordered : public typed::whole<typed::traits<Unique, Link, Key, Compare, Dispose>> {
+    using Traits = typed::traits<Unique, Link, Key, Compare, Dispose>;
+    using Base = typed::whole<Traits>;
+    using Base::in_front, Base::nodes, Base::record, Base::root_, Base::set_root;
+    using typename Base::Entry, typename Base::Node, typename Base::Side, typename Base::T, typename Base::Path;
+
+public:
+    using Base::erase, Base::extract, Base::end;
+    using typename Base::const_iterator, typename Base::iterator, typename Base::size_type;
+
+    // An empty tree.
+    ordered() = default;
+    explicit ordered(const Compare &compare, const Dispose &dispose = Dispose()) : Base(compare, dispose) {}
+
+    // Trees are moved, not copied: records belong to one tree.  The other one is empty afterwards.  What was in this
+    // one goes to its disposer.  Positions of both end.
+    ordered(ordered &&) noexcept = default;
+    ordered &operator=(ordered &&other) noexcept {
+        ordered moved(static_cast<ordered &&>(other));
+        swap(moved);
+        return *this;
+    }
+    void swap(ordered &other) noexcept {
+        typed::exchange(this->compare_, other.compare_);
+        typed::exchange(this->dispose_, other.dispose_);
+        const Node root = root_;
+        set_root(other.root_);
+        other.set_root(root);
+    }
+    friend void swap(ordered &a, ordered &b) noexcept { a.swap(b); }
+
+    // ---- Cut: O(H), at most one comparison a level for each gap, all of them before the first change.  Positions of
+    // records that leave end, the others stay good.
+
+    // What lies between two gaps leaves as a tree of its own, with copies of comparator and disposer.
+    template <typed::gap First, typed::gap Last> ordered extract(const First &first, const Last &last) {
+        constexpr bool from_start = std::is_same_v<First, start_gap>, to_finish = std::is_same_v<Last, finish_gap>;
+        if constexpr (from_start && to_finish) {
+            return keep(nullptr, root_);
+        } else if constexpr (from_start || to_finish) {
+            Path path;
+            Entry *const top = to_gap(path, in_front_of<from_start>(first, last));
+            const engine::Halves halves = engine::split(nodes(), path.entries, top == path.entries ? top : top - 1);
+            return from_start ? keep(halves.after.root, halves.before.root)
+                              : keep(halves.before.root, halves.after.root);
+        } else {
+            Path from, to;
+            Entry *const begins = to_gap(from, in_front(first)), *const ends = to_gap(to, in_front(last));
+            return cut_out(from.entries, begins, to.entries, ends);
+        }
+    }
+    // The same for two positions, without a comparison where they have their paths.  Requires: last can be reached from
+    // first.
+    ordered extract(const_iterator first, const_iterator last) {
+        this->require_own(first);
+        this->require_own(last);
+        if (first == last)
+            return keep(root_, nullptr);
+        Entry *const begins = engine::beside<Side::left>(nodes(), first.path());
+        Entry *const at = last.path();
+        Entry *const ends =
+            last == end() ? engine::beside<Side::right>(nodes(), at) : engine::beside<Side::left>(nodes(), at);
+        return cut_out(first.path_, begins, last.path_, ends);
+    }
+    // What lies behind a gap leaves.
+    template <typed::gap G> ordered split(const G &gap) { return extract(gap, finish); }
+
+    // What lies between two gaps leaves and goes to the disposer, or to another one: O(H) and a call for each record.
+    template <typed::gap First, typed::gap Last> void erase(const First &first, const Last &last) {
+        extract(first, last);
+    }
+    template <typed::gap First, typed::gap Last, class D> void erase(const First &first, const Last &last, D dispose) {
+        extract(first, last).clear_and_dispose(dispose);
+    }
+    // The same for two positions.  Returns last.
+    iterator erase(const_iterator first, const_iterator last) {
+        extract(first, last);
+        return iterator(this, last.at_);
+    }
+    iterator erase(iterator first, iterator last) { return erase(const_iterator(first), const_iterator(last)); }
+
+    // ---- Joined: the other tree is empty afterwards.  Positions of its records end.
+
+    // Other's records stand behind, or in front of, all of this tree's.  O(H), no comparison.  Requires: they belong
+    // there.
+    void append(ordered &&other) noexcept { join<Side::right>(other); }
+    void prepend(ordered &&other) noexcept { join<Side::left>(other); }
+
+    // Other's records come in, wherever they belong: behind their equals, where equals may stand; a set leaves them in
+    // the other tree.  A comparison a level for each, or one in all where one tree stands behind the other.  If the
+    // comparator throws, each record is in one tree or the other.
+    void merge(ordered &&other) {
+        if (!root_ || other.empty() || this->follows()(&this->back(), &other.front()))
+            return append(static_cast<ordered &&>(other));
+        for (iterator it = other.begin(); it != other.end();)
+            it = this->take_over(other, it);
+    }
+    void merge(ordered &other) { merge(static_cast<ordered &&>(other)); }
+
+private:
+    // One part stays, the other is the result.
+    ordered keep(Node stays, Node leaves) {
+        ordered result(this->compare_, this->dispose_);
+        result.set_root(leaves);
+        set_root(stays);
+        return result;
+    }
+
+    template <bool FromStart, class First, class Last> auto in_front_of(const First &first, const Last &last) const {
+        if constexpr (FromStart)
+            return in_front(last);
+        else
+            return in_front(first);
+    }
+    // The path to the empty link at a gap.
+    template <class InFront> Entry *to_gap(Path &path, const InFront &gap) const {
+        return engine::descend<engine::rule::key>(nodes(), root_, engine::ToGap(gap),
+                                                  typename Base::Trail{path.entries, nullptr})
+            .top;
+    }
+
+    // Two paths to empty links.  Where they part, the first to the left and the second to the right, stands the pivot;
+    // if they part the other way, or not at all, nothing lies between them.
+    ordered cut_out(Entry *from, Entry *begins, Entry *to, Entry *ends) {
+        Entry *e = from, *f = to;
+        for (; e != begins && f != ends && e->Dir == f->Dir; ++e, ++f) {
+        }
+        if (e == begins || f == ends || e->Dir > f->Dir)
+            return keep(root_, nullptr);
+        const auto boundary = [](Entry *bottom, Entry *top) {
+            return [=](Node) { return engine::Boundary<Entry>{bottom, top == bottom ? bottom : top - 1}; };
+        };
+        const engine::Parts parts =
+            engine::cut_between(nodes(), from, e, e->Node, boundary(e + 1, begins), boundary(f + 1, ends));
+        return keep(parts.outer, parts.inner);
+    }
+
+    template <Side S> void join(ordered &other) noexcept {
+        if constexpr (typed::checks)
+            if (root_ && other.root_)
+                require_behind<S>(other);
+        Path work;
+        const Node theirs = other.root_;
+        other.set_root(nullptr);
+        set_root(engine::concat<S>(nodes(), work.entries, root_, theirs));
+    }
+    template <Side S> void require_behind(ordered &other) {
+        ordered &first = S == Side::right ? *this : other, &second = S == Side::right ? other : *this;
+        typed::require(this->follows()(&first.back(), &second.front()), "trees are joined out of order");
+    }
+};
+
+} // namespace ovant

@@ -1,0 +1,295 @@
+// Records come and go, one at a time.
+//
+// Every operation makes all its comparisons before its first change: if the comparator throws, the tree and all its
+// records are as they were.  None allocates.  Positions of other records stay good; their paths are found again.
+#pragma once
+
+#include "../engine/insert.hpp"
+#include "look_up.hpp"
+
+namespace ovant::typed {
+
+// Where an inserted record stands, and whether it was inserted; as with std::pair, and good for structured bindings.
+template <class Iterator> struct insertion {
+    Iterator first;
+    bool second;
+};
+
+template <class Traits> class update : public look_up<Traits> {
+    using Base = look_up<Traits>;
+
+protected:
+    using Base::Base, Base::extreme, Base::locate, Base::node, Base::nodes, Base::order, Base::order_of, Base::record,
+        Base::root_, Base::set_root;
+    using typename Base::Entry, typename Base::Node, typename Base::Side, typename Base::T, typename Base::Path,
+        typename Base::Trail;
+
+public:
+    using Base::contains, Base::end;
+    using typename Base::const_iterator, typename Base::iterator, typename Base::key_type, typename Base::size_type;
+
+    // ---- In: the link of x is written, whatever it held.  Requires: x is in no tree by this link.  A tree with a
+    // disposer owns x from then on.  One comparison a level, then O(1) on average; no position is invalidated.
+
+    // Refuses a key that is there: the position of x and true, or of the record that is there and false.
+    insertion<iterator> insert(T &x) requires Traits::unique {
+        require_stranger(x);
+        signed char way[Traits::height + 1];
+        const auto trail = descend_unique(order_of(x), Trace(nodes(), way));
+        if (trail.match)
+            return {{this, record(trail.match)}, false};
+        return {hang(trail, x), true};
+    }
+    // Behind, or in front of, its equals.
+    iterator insert(T &x) requires(!Traits::unique) { return insert_by<engine::rule::back>(x); }
+    iterator insert_front(T &x) requires(!Traits::unique) { return insert_by<engine::rule::front>(x); }
+
+    // Takes the place of the record with its key.  Returns that record, which is the caller's from then on, or nullptr
+    // if there was none.
+    T *insert_or_replace(T &x) requires Traits::unique {
+        require_stranger(x);
+        Path path;
+        Entry *const at = place_of(path.entries, order_of(x));
+        if (!at->Node) {
+            link_at(path.entries, at, x);
+            return nullptr;
+        }
+        T *const old = record(at->Node);
+        engine::write_links(nodes(), &x, engine::read_links(nodes(), old));
+        if (at == path.entries)
+            root_ = &x;
+        else
+            nodes().hang(engine::side_of(at[-1].Dir), at[-1].Node, &x);
+        set_root(root_);
+        return old;
+    }
+
+    // The record with the key; only if there is none make() is called, and what it points to is inserted, which must
+    // have the key.  {position, false} of a record that was there, {position, true} of a new one, {end(), false} if
+    // make gave nullptr.
+    template <class K, class Make> insertion<iterator> find_or_insert(const K &k, Make make) requires Traits::unique {
+        Path path;
+        Entry *const at = place_of(path.entries, order(k));
+        if (at->Node)
+            return {{this, record(at->Node)}, false};
+        T *const x = make();
+        if (!x)
+            return {end(), false};
+        link_at(path.entries, at, *x);
+        return {{this, x}, true};
+    }
+
+    // The same with a guess where x belongs: next to hint, in front of it or behind it.  If it does, two or three
+    // comparisons and O(1) on average, and the position that comes back holds its path: sorted records come in one
+    // after the other by hint = insert(hint, x).  If it does not, x is inserted as without a hint.
+    iterator insert(const_iterator hint, T &x) {
+        require_own(hint);
+        iterator at(this, nullptr);
+        at.copy(hint);
+        Entry *place = fitting_place(at, x);
+        if (!place) {
+            if constexpr (Traits::unique)
+                return insert(x).first;
+            else
+                return insert(x);
+        }
+        require_stranger(x);
+        return settle(at, place, x);
+    }
+    // In front of a position, at the end, at the start, without a comparison.  Requires: x belongs there.
+    iterator insert_before(const_iterator position, T &x) {
+        require_own(position);
+        iterator at(this, nullptr);
+        at.copy(position);
+        return settle(at, free_place<Side::left>(at), x);
+    }
+    iterator push_back(T &x) { return insert_before(end(), x); }
+    iterator push_front(T &x) { return insert_before(this->begin(), x); }
+
+    // ---- Out: a record that goes is handed to the disposer, if the tree has one, after it has left
+
+    // The record of a position.  Returns the next position, with its path: a walk that erases as it goes makes no
+    // comparison, and costs O(1) a record on average.
+    iterator erase(const_iterator position) {
+        iterator at(this, nullptr);
+        T *const x = take(position, at);
+        this->dispose_(x);
+        return at;
+    }
+    iterator erase(iterator position) { return erase(const_iterator(position)); }
+    // This very record.  Requires: it is in the tree.  Returns the next position.
+    iterator erase(T &x) { return erase(const_iterator(this, &x)); }
+    // All records with the key.  Returns how many.
+    template <class K> size_type erase(const K &k) requires(!std::is_convertible_v<const K &, const_iterator>) {
+        size_type n = 0;
+        while (T *const x = extract_match(k)) {
+            this->dispose_(x);
+            ++n;
+            if constexpr (Traits::unique && !Traits::composite)
+                break;
+        }
+        return n;
+    }
+
+    // The same without the disposer: the record is the caller's from then on.  nullptr where there is none.
+    T *extract(const_iterator position) {
+        iterator next(this, nullptr);
+        return take(position, next);
+    }
+    T *extract(iterator position) { return extract(const_iterator(position)); }
+    T *extract(T &x) { return extract(const_iterator(this, &x)); }
+    template <class K> T *extract(const K &k) requires(!std::is_convertible_v<const K &, const_iterator> && !gap<K>) {
+        return extract_match(k);
+    }
+    // The first, the last record.  nullptr from an empty tree.  At most H steps, no comparison.
+    T *pop_front() noexcept { return pop<Side::left>(); }
+    T *pop_back() noexcept { return pop<Side::right>(); }
+
+protected:
+    using Trace = engine::InsertTrail<typename Traits::nodes>;
+
+    void require_own([[maybe_unused]] const const_iterator &position) const {
+        require(position.tree_ == this, "the position belongs to another tree");
+    }
+    void require_stranger([[maybe_unused]] const T &x) const {
+        if constexpr (checks)
+            require(!this->holds(x), "the record is in the tree already");
+    }
+
+    // The record at a position of another tree comes over, if it may stand here.  Returns the next position there.
+    iterator take_over(update &other, iterator &at) {
+        T &x = *at;
+        const auto ask = order_of(x);
+        signed char way[Traits::height + 1];
+        Trace trail(nodes(), way);
+        if constexpr (Traits::unique)
+            trail = descend_unique(ask, trail);
+        else
+            trail = engine::descend<engine::rule::back>(nodes(), root_, ask, trail);
+        if (trail.match)
+            return ++at;
+        iterator next(&other, nullptr);
+        other.take(at, next);
+        hang(trail, x);
+        return next;
+    }
+
+private:
+    // Down to a match or to the free position.  A predicate is asked once a level on the way to the first candidate,
+    // and then whether that is a match.
+    template <class Order> Trace descend_unique(const Order &ask, Trace trail) const {
+        if constexpr (is_predicate_answer<decltype(ask(root_))>) {
+            trail = engine::descend<engine::rule::greater_equal>(nodes(), root_, ask, trail);
+            if (trail.marked && !ask(trail.marked).left())
+                trail.match = trail.marked;
+            return trail;
+        } else {
+            return engine::descend<engine::rule::key>(nodes(), root_, ask, trail);
+        }
+    }
+    iterator hang(const Trace &trail, T &x) {
+        set_root(engine::link_in(trail, root_, &x));
+        return {this, &x};
+    }
+    template <engine::Rule R> iterator insert_by(T &x) {
+        require_stranger(x);
+        signed char way[Traits::height + 1];
+        return hang(engine::descend<R>(nodes(), root_, order_of(x), Trace(nodes(), way)), x);
+    }
+
+    // The path to a match, or to the free position.
+    template <class Order> Entry *place_of(Entry *path, const Order &ask) const {
+        if constexpr (is_predicate_answer<decltype(ask(root_))>) {
+            const Trail trail = engine::descend<engine::rule::greater_equal>(nodes(), root_, ask, Trail{path, nullptr});
+            return trail.marked && !ask(trail.marked->Node).left() ? trail.marked : trail.top;
+        } else {
+            return engine::descend<engine::rule::key>(nodes(), root_, ask, Trail{path, nullptr}).top;
+        }
+    }
+    Entry *link_at(Entry *path, Entry *place, T &x) {
+        set_root(engine::insert_at(nodes(), path, place, &x));
+        return place;
+    }
+    iterator settle(iterator &at, Entry *place, T &x) {
+        at.stand(link_at(at.path_, place, x));
+        return at;
+    }
+
+    // The free position next to a position, on its side S: at the end the one behind the last record.
+    template <Side S> Entry *free_place(iterator &at) {
+        Entry *const top = at.path();
+        if (!top) {
+            at.path_[0].Node = nullptr;
+            return at.path_;
+        }
+        return at.at_ ? engine::beside<S>(nodes(), top) : engine::beside<Side::right>(nodes(), top);
+    }
+    // The free position next to a position where x belongs; 0 if it does not.
+    Entry *fitting_place(iterator &at, const T &x) {
+        Entry *const top = at.path();
+        if (!top)
+            return free_place<Side::left>(at);
+        const auto ask = order_of(x);
+        const auto answer = ask(top->Node);
+        if (at.at_ && goes_before(answer)) {
+            const Entry *const other = neighbour<Side::left>(at.path_, top);
+            return !other || goes_behind(ask(other->Node)) ? engine::beside<Side::left>(nodes(), top) : nullptr;
+        }
+        if (!goes_behind(answer))
+            return nullptr;
+        const Entry *const other = at.at_ ? neighbour<Side::right>(at.path_, top) : nullptr;
+        return !other || goes_before(ask(other->Node)) ? engine::beside<Side::right>(nodes(), top) : nullptr;
+    }
+    // Between two equals, or where one of both sides is equal, a record of a multiset fits as well.
+    template <class Answer> static bool goes_before(const Answer &answer) {
+        return Traits::unique ? answer.left() : !answer.right();
+    }
+    template <class Answer> static bool goes_behind(const Answer &answer) {
+        return Traits::unique ? answer.right() : !answer.left();
+    }
+    // The neighbour's entry on side S if it is an ancestor, or the node alone in an entry above the path.
+    template <Side S> Entry *neighbour(Entry *path, Entry *top) {
+        if (const Node near = nodes().template child<S>(top->Node)) {
+            top[1].Node = engine::end_of_spine<!S>(nodes(), near);
+            return top + 1;
+        }
+        while (top != path)
+            if ((--top)->Dir == engine::sign(!S))
+                return top;
+        return nullptr;
+    }
+
+    // Takes the record of a position out; next becomes the position behind it.
+    T *take(const const_iterator &position, iterator &next) {
+        require_own(position);
+        require(position.at_, "there is no record at the end of a tree");
+        next.copy(position);
+        Entry *const top = next.path();
+        T *const x = record(top->Node);
+        const auto removed = engine::remove_at(nodes(), next.path_, top);
+        set_root(removed.root);
+        if (removed.next)
+            next.stand(removed.next);
+        else
+            next.stand_behind(removed.last);
+        return x;
+    }
+    template <class K> T *extract_match(const K &k) {
+        Path path;
+        Entry *const top = place_of(path.entries, order(k));
+        const Node x = top->Node;
+        if (x)
+            set_root(engine::remove(nodes(), path.entries, top));
+        return record(x);
+    }
+    template <Side S> T *pop() noexcept {
+        Path work;
+        engine::Change change;
+        Node root = root_;
+        const Node x = engine::cut<S>(nodes(), work.entries, &root, &change, engine::nothing_stays);
+        set_root(root);
+        return record(x);
+    }
+};
+
+} // namespace ovant::typed
