@@ -5,9 +5,10 @@
 
 namespace ovant::engine {
 
-// What a match does to the descent, and which step is remembered (the last one wins).
+// What a match does to the descent, and which step is remembered (the last one wins): a turn, a match, or, for what is
+// to be inserted, a node that leans.
 enum class Match { stop, left, right };
-enum class Mark { none, left_turn, right_turn, match };
+enum class Mark { none, left_turn, right_turn, match, leaning };
 
 struct Rule {
     Match match;
@@ -20,6 +21,7 @@ inline constexpr Rule first{Match::left, Mark::match}, last{Match::right, Mark::
 inline constexpr Rule front{Match::left, Mark::none}, back{Match::right, Mark::none};
 inline constexpr Rule pred{Match::stop, Mark::right_turn}, succ{Match::stop, Mark::left_turn};
 inline constexpr Rule less{Match::left, Mark::right_turn}, less_equal{Match::right, Mark::right_turn};
+inline constexpr Rule insert_front{Match::left, Mark::leaning}, insert_back{Match::right, Mark::leaning};
 inline constexpr Rule greater{Match::right, Mark::left_turn}, greater_equal{Match::left, Mark::left_turn};
 } // namespace rule
 
@@ -50,6 +52,17 @@ template <class Entry> struct PathTrail {
     void mark_if(bool condition) { marked = select(opaque(condition) != 0, top, marked); }
 };
 
+// g++ -O3 copies the end of the loop into both branches of a choice, and so makes branches of it again, at twice the
+// time of a search.  It leaves a loop alone whose end might be left by a jump; this one makes no instruction.
+#if defined(__GNUC__) && !defined(__clang__)
+#define OVANT_WHOLE_LOOP(end) asm goto("" : : : : end);
+#define OVANT_WHOLE_LOOP_END(end)                                                                                      \
+    end:
+#else
+#define OVANT_WHOLE_LOOP(end)
+#define OVANT_WHOLE_LOOP_END(end)
+#endif
+
 // Goes down from n as the order says, one question a level, until it stops at a match or falls off.
 template <Rule R, class Nodes, class Trail, class Order>
 Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
@@ -57,21 +70,28 @@ Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
         const auto answer = order(n);
         if constexpr (R.mark == Mark::match)
             trail.mark_if(answer.match());
+        if constexpr (R.mark == Mark::leaning)
+            trail.mark_if(nodes.balance(n) != 0);
         if constexpr (R.match == Match::stop)
             if (answer.match())
                 return trail;
         const bool left = R.match == Match::left ? !answer.right() : answer.left();
+        const Node left_child = nodes.template child<Side::left>(n), right_child = nodes.template child<Side::right>(n);
+        trail.expect(left_child, right_child);
+        n = select(left, left_child, right_child); // first, as all else waits for it
         if constexpr (R.mark == Mark::left_turn)
             trail.mark_if(left);
         if constexpr (R.mark == Mark::right_turn)
             trail.mark_if(!left);
         trail.turn(left);
-        const Node left_child = nodes.template child<Side::left>(n), right_child = nodes.template child<Side::right>(n);
-        trail.expect(left_child, right_child);
-        n = select(left, left_child, right_child);
+        OVANT_WHOLE_LOOP(end)
     }
+    OVANT_WHOLE_LOOP_END(end)
     return trail;
 }
+
+#undef OVANT_WHOLE_LOOP
+#undef OVANT_WHOLE_LOOP_END
 
 // A path to an empty link, told by the entry that it begins at and the last one that holds a node; both are the same,
 // without a node, where there is no node at all.

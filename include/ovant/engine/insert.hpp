@@ -1,70 +1,40 @@
-// How a new node comes in.
+// How a new node comes in at the end of a descent.
 #pragma once
 
 #include "climb.hpp"
 
 namespace ovant::engine {
 
-// A trail of insertions, after D. E. Knuth, The Art of Computer Programming, volume 3, algorithm 6.2.3A: no path is
-// kept but the way, and of the nodes only the deepest one that leans.  Everything that insertion changes lies below it:
-// the level nodes there lean from then on, and it absorbs the growth.
-template <class Nodes> struct InsertTrail {
-    Nodes nodes;
-    signed char *end;   // behind the last turn of the way, which the caller has room for
-    Node match = {};    // where the descent stopped; 0 if it fell off
-    Node at = {};       // the last node met
-    Node leaning = {};  // the deepest node that leans,
-    Node above = {};    // its parent,
-    signed char *below; // and the way from it on
-    Node marked = {};
+// After D. E. Knuth, The Art of Computer Programming, volume 3, algorithm 6.2.3A: everything that an insertion changes
+// lies below the deepest node of the path that leans.  The level nodes there lean from now on, and it absorbs the
+// growth, with a turn if it leaned the same way.
 
-    InsertTrail(Nodes n, signed char *way) : nodes(n), end(way), below(way) {}
-
-    void enter(Node n) {
-        match = n;
-        if (!n)
-            return;
-        const int leans = opaque(nodes.balance(n) != 0);
-        above = select(leans != 0, at, above);
-        leaning = select(leans != 0, n, leaning);
-        below = select(leans != 0, end, below);
-        at = n;
+// Links in the node that top holds, at a free position.  leaning is the deepest entry of the path whose node leans, 0
+// if there is none.  Returns the root.
+template <class Nodes, class Entry> Node link_in(Nodes nodes, Entry *bottom, Entry *top, Entry *leaning) {
+    if constexpr (Nodes::summarises) { // every node of the path changes
+        grow(nodes, bottom, top);
+        return bottom->Node;
     }
-    void turn(bool left) { *end++ = static_cast<signed char>(sign(Side::right) - 2 * opaque(left)); }
-    void expect(Node left, Node right) {
-        __builtin_prefetch(left);
-        __builtin_prefetch(right);
-    }
-    void mark_if(bool condition) { marked = select(opaque(condition) != 0, at, marked); }
-};
-
-// Links the node in where the descent fell off.  Returns the root.
-template <class Nodes> Node link_in(const InsertTrail<Nodes> &trail, Node root, Node node) {
-    const Nodes nodes = trail.nodes;
-    write_links(nodes, node, {nullptr, nullptr, 0});
-    if (!trail.at)
-        return node;
-    nodes.hang(side_of(trail.end[-1]), trail.at, node);
-
-    const signed char *way = trail.below;
-    for (Node n = trail.leaning ? nodes.child(side_of(*way++), trail.leaning) : root; n != node;
-         n = nodes.child(side_of(*way++), n))
-        nodes.set_balance(n, *way);
-    if (!trail.leaning)
-        return root;
-    const int dir = *trail.below, balance = nodes.balance(trail.leaning) + dir;
-    nodes.set_balance(trail.leaning, balance);
+    if (top == bottom)
+        return top->Node;
+    nodes.hang(side_of(top[-1].Dir), top[-1].Node, top->Node);
+    for (Entry *e = top; e-- != (leaning ? leaning + 1 : bottom);)
+        nodes.set_balance(e->Node, e->Dir);
+    if (!leaning)
+        return bottom->Node;
+    const int balance = nodes.balance(leaning->Node) + leaning->Dir;
+    nodes.set_balance(leaning->Node, balance);
     if (balance == 0)
-        return root;
-    Node top = trail.leaning, cursor = top;
-    if (dir < 0)
-        turn<Side::left>(nodes, &top, &cursor);
+        return bottom->Node;
+    Node cursor = leaning->Node;
+    if (balance > 0)
+        turn<Side::right>(nodes, &leaning->Node, &cursor);
     else
-        turn<Side::right>(nodes, &top, &cursor);
-    if (!trail.above)
-        return top;
-    nodes.hang(side_of(trail.below[-1]), trail.above, top);
-    return root;
+        turn<Side::left>(nodes, &leaning->Node, &cursor);
+    if (leaning != bottom)
+        nodes.hang(side_of(leaning[-1].Dir), leaning[-1].Node, cursor);
+    return bottom->Node;
 }
 
 } // namespace ovant::engine

@@ -42,6 +42,14 @@ template <Side S, class Nodes> Node end_of_spine(Nodes nodes, Node n) {
     return n;
 }
 
+// The last entry below top that the path left towards S; 0 if there is none.
+template <Side S, class Entry> Entry *last_turn(Entry *bottom, Entry *top) {
+    while (top != bottom)
+        if ((--top)->Dir == sign(S))
+            return top;
+    return nullptr;
+}
+
 // The next entry in tree order towards F: down into the F subtree and along its near spine, else up to the first
 // ancestor that the path left away from F.  A position without a node only climbs.  Returns 0 behind the last node.
 template <Side F, class Nodes, class Entry> Entry *step(Nodes nodes, Entry *bottom, Entry *position) {
@@ -51,12 +59,8 @@ template <Side F, class Nodes, class Entry> Entry *step(Nodes nodes, Entry *bott
             return here(push_spine<!F>(nodes, position + 1, next));
         }
     }
-    while (position != bottom) {
-        --position;
-        if (position->Dir == sign(!F))
-            return here(position);
-    }
-    return nullptr;
+    Entry *const ancestor = last_turn<!F>(bottom, position);
+    return ancestor ? here(ancestor) : nullptr;
 }
 
 // The free position that neighbours the node at top on its side S.

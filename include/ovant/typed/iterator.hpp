@@ -92,10 +92,12 @@ private:
         tree_ = other.tree_;
         at_ = other.at_;
         found_ = other.found_;
-        top_ = other.top_;
-        if (found_)
-            for (int i = 0; i <= top_; ++i)
-                path_[i] = other.path_[i];
+        if (!found_)
+            return;
+        Entry *to = path_;
+        for (const Entry *e = other.path_; e <= other.top_; ++e)
+            *to++ = *e;
+        top_ = to - 1;
     }
 
     bool has_path() const noexcept { return found_ == tree_->changes_; }
@@ -103,7 +105,7 @@ private:
     // At the record that the path leads to, which holds from now on.
     void stand(Entry *top) noexcept {
         at_ = static_cast<T *>(top->Node);
-        top_ = static_cast<int>(top - path_);
+        top_ = top;
         found_ = tree_->changes_;
     }
     // At the end behind that record; 0 in an empty tree.
@@ -116,9 +118,8 @@ private:
     }
 
     // The path to the record, or at the end to the last record.  0 in an empty tree.
-    Entry *path() {
-        if (has_path())
-            return path_ + top_;
+    Entry *path() { return has_path() ? top_ : find_path(); }
+    Entry *find_path() {
         Entry *top;
         if (at_) {
             top = tree_->locate(path_, *at_);
@@ -127,7 +128,7 @@ private:
             top = tree_->template extreme < Backward ? Left : Right > (path_);
         }
         if (top) {
-            top_ = static_cast<int>(top - path_);
+            top_ = top;
             found_ = tree_->changes_;
         }
         return top;
@@ -140,17 +141,19 @@ private:
             return *this;
         }
         Entry *const next = engine::step<S>(Tree::nodes(), path_, top);
-        if (next)
-            stand(next);
-        else
+        if (next) {
+            top_ = next;
+            at_ = static_cast<T *>(next->Node);
+        } else {
             at_ = nullptr;
+        }
         return *this;
     }
 
     const Tree *tree_ = nullptr;
     T *at_ = nullptr;
     std::size_t found_ = 0; // the tree's count of changes when the path was found, 0 for never
-    int top_ = 0;
+    Entry *top_ = nullptr;
     Entry path_[Traits::height + 2]; // NOLINT(cppcoreguidelines-pro-type-member-init)
 };
 

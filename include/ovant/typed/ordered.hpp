@@ -103,7 +103,7 @@ public:
         if (!root_ || other.empty() || this->follows()(&this->back(), &other.front()))
             return append(static_cast<ordered &&>(other));
         for (iterator it = other.begin(); it != other.end();)
-            it = this->take_over(other, it);
+            this->take_over(other, it);
     }
     void merge(ordered &other) { merge(static_cast<ordered &&>(other)); }
 
@@ -125,7 +125,7 @@ private:
     // The path to the empty link at a gap.
     template <class InFront> Entry *to_gap(Path &path, const InFront &gap) const {
         return engine::descend<engine::rule::key>(nodes(), root_, engine::ToGap(gap),
-                                                  typename Base::Trail{path.entries, nullptr})
+                                                  typename Base::Trail{path.entries})
             .top;
     }
 

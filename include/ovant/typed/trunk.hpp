@@ -106,8 +106,7 @@ protected:
 
     // The path to the first record that does not stand before the order's key; 0 if there is none.
     template <class Order> Entry *not_before(Entry *path, const Order &order) const {
-        Entry *const top =
-            engine::descend<engine::rule::greater_equal>(nodes(), root_, order, Trail{path, nullptr}).marked;
+        Entry *const top = engine::descend<engine::rule::greater_equal>(nodes(), root_, order, Trail{path}).marked;
         return top ? engine::here(top) : nullptr;
     }
     // The path to this very record, along its run of equals; 0 if it is not in the tree.

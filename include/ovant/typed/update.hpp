@@ -34,24 +34,25 @@ public:
     // Refuses a key that is there: the position of x and true, or of the record that is there and false.
     insertion<iterator> insert(T &x) requires Traits::unique {
         require_stranger(x);
-        signed char way[Traits::height + 1];
-        const auto trail = descend_unique(order_of(x), Trace(nodes(), way));
-        if (trail.match)
-            return {{this, record(trail.match)}, false};
-        return {hang(trail, x), true};
+        Path path;
+        const Trail trail = find_free_place(path.entries, order_of(x));
+        if (trail.top->Node)
+            return {{this, record(trail.top->Node)}, false};
+        return {hang(path, trail, x), true};
     }
     // Behind, or in front of, its equals.
-    iterator insert(T &x) requires(!Traits::unique) { return insert_by<engine::rule::back>(x); }
-    iterator insert_front(T &x) requires(!Traits::unique) { return insert_by<engine::rule::front>(x); }
+    iterator insert(T &x) requires(!Traits::unique) { return insert_by<engine::rule::insert_back>(x); }
+    iterator insert_front(T &x) requires(!Traits::unique) { return insert_by<engine::rule::insert_front>(x); }
 
     // Takes the place of the record with its key.  Returns that record, which is the caller's from then on, or nullptr
     // if there was none.
     T *insert_or_replace(T &x) requires Traits::unique {
         require_stranger(x);
         Path path;
-        Entry *const at = place_of(path.entries, order_of(x));
+        const Trail trail = find_free_place(path.entries, order_of(x));
+        Entry *const at = trail.top;
         if (!at->Node) {
-            link_at(path.entries, at, x);
+            hang(path, trail, x);
             return nullptr;
         }
         T *const old = record(at->Node);
@@ -69,39 +70,39 @@ public:
     // make gave nullptr.
     template <class K, class Make> insertion<iterator> find_or_insert(const K &k, Make make) requires Traits::unique {
         Path path;
-        Entry *const at = place_of(path.entries, order(k));
-        if (at->Node)
-            return {{this, record(at->Node)}, false};
+        const Trail trail = find_free_place(path.entries, order(k));
+        if (trail.top->Node)
+            return {{this, record(trail.top->Node)}, false};
         T *const x = make();
         if (!x)
             return {end(), false};
-        link_at(path.entries, at, *x);
-        return {{this, x}, true};
+        return {hang(path, trail, *x), true};
     }
 
     // The same with a guess where x belongs: next to hint, in front of it or behind it.  If it does, two or three
     // comparisons and O(1) on average, and the position that comes back holds its path: sorted records come in one
     // after the other by hint = insert(hint, x).  If it does not, x is inserted as without a hint.
-    iterator insert(const_iterator hint, T &x) {
+    iterator insert(const const_iterator &hint, T &x) {
         require_own(hint);
         iterator at(this, nullptr);
         at.copy(hint);
-        Entry *place = fitting_place(at, x);
-        if (!place) {
-            if constexpr (Traits::unique)
-                return insert(x).first;
-            else
-                return insert(x);
+        if (Entry *const place = fitting_place(at, x)) {
+            require_stranger(x);
+            link_at(at, place, x);
+            return at;
         }
-        require_stranger(x);
-        return settle(at, place, x);
+        if constexpr (Traits::unique)
+            return insert(x).first;
+        else
+            return insert(x);
     }
     // In front of a position, at the end, at the start, without a comparison.  Requires: x belongs there.
-    iterator insert_before(const_iterator position, T &x) {
+    iterator insert_before(const const_iterator &position, T &x) {
         require_own(position);
         iterator at(this, nullptr);
         at.copy(position);
-        return settle(at, free_place<Side::left>(at), x);
+        link_at(at, free_place<Side::left>(at), x);
+        return at;
     }
     iterator push_back(T &x) { return insert_before(end(), x); }
     iterator push_front(T &x) { return insert_before(this->begin(), x); }
@@ -110,15 +111,14 @@ public:
 
     // The record of a position.  Returns the next position, with its path: a walk that erases as it goes makes no
     // comparison, and costs O(1) a record on average.
-    iterator erase(const_iterator position) {
+    template <bool Const> iterator erase(const typed::iterator<Traits, Const> &position) {
         iterator at(this, nullptr);
-        T *const x = take(position, at);
-        this->dispose_(x);
+        at.copy(position);
+        this->dispose_(pop(at));
         return at;
     }
-    iterator erase(iterator position) { return erase(const_iterator(position)); }
     // This very record.  Requires: it is in the tree.  Returns the next position.
-    iterator erase(T &x) { return erase(const_iterator(this, &x)); }
+    iterator erase(T &x) { return erase(iterator(this, &x)); }
     // All records with the key.  Returns how many.
     template <class K> size_type erase(const K &k) requires(!std::is_convertible_v<const K &, const_iterator>) {
         size_type n = 0;
@@ -132,23 +132,35 @@ public:
     }
 
     // The same without the disposer: the record is the caller's from then on.  nullptr where there is none.
-    T *extract(const_iterator position) {
-        iterator next(this, nullptr);
-        return take(position, next);
+    template <bool Const> T *extract(const typed::iterator<Traits, Const> &position) {
+        iterator at(this, nullptr);
+        at.copy(position);
+        return pop(at);
     }
-    T *extract(iterator position) { return extract(const_iterator(position)); }
-    T *extract(T &x) { return extract(const_iterator(this, &x)); }
+    T *extract(T &x) { return extract(iterator(this, &x)); }
     template <class K> T *extract(const K &k) requires(!std::is_convertible_v<const K &, const_iterator> && !gap<K>) {
         return extract_match(k);
+    }
+    // The record of a position, which goes on to the next one: the fastest way to empty a tree from a position on.
+    T *pop(iterator &at) {
+        require_own(at);
+        require(at.at_, "there is no record at the end of a tree");
+        Entry *const top = at.path();
+        T *const x = record(top->Node);
+        const auto removed = engine::remove_at(nodes(), at.path_, top);
+        set_root(removed.root);
+        if (removed.next)
+            at.stand(removed.next);
+        else
+            at.stand_behind(removed.last);
+        return x;
     }
     // The first, the last record.  nullptr from an empty tree.  At most H steps, no comparison.
     T *pop_front() noexcept { return pop<Side::left>(); }
     T *pop_back() noexcept { return pop<Side::right>(); }
 
 protected:
-    using Trace = engine::InsertTrail<typename Traits::nodes>;
-
-    void require_own([[maybe_unused]] const const_iterator &position) const {
+    template <bool C> void require_own([[maybe_unused]] const typed::iterator<Traits, C> &position) const {
         require(position.tree_ == this, "the position belongs to another tree");
     }
     void require_stranger([[maybe_unused]] const T &x) const {
@@ -156,63 +168,53 @@ protected:
             require(!this->holds(x), "the record is in the tree already");
     }
 
-    // The record at a position of another tree comes over, if it may stand here.  Returns the next position there.
-    iterator take_over(update &other, iterator &at) {
+    // The record at a position of another tree comes over, if it may stand here; the position goes on.
+    void take_over(update &other, iterator &at) {
         T &x = *at;
-        const auto ask = order_of(x);
-        signed char way[Traits::height + 1];
-        Trace trail(nodes(), way);
+        Path path;
+        Trail trail{path.entries};
         if constexpr (Traits::unique)
-            trail = descend_unique(ask, trail);
+            trail = find_free_place(path.entries, order_of(x));
         else
-            trail = engine::descend<engine::rule::back>(nodes(), root_, ask, trail);
-        if (trail.match)
-            return ++at;
-        iterator next(&other, nullptr);
-        other.take(at, next);
-        hang(trail, x);
-        return next;
+            trail = engine::descend<engine::rule::insert_back>(nodes(), root_, order_of(x), trail);
+        if (trail.top->Node)
+            return void(++at);
+        other.pop(at);
+        hang(path, trail, x);
     }
 
 private:
-    // Down to a match or to the free position.  A predicate is asked once a level on the way to the first candidate,
-    // and then whether that is a match.
-    template <class Order> Trace descend_unique(const Order &ask, Trace trail) const {
+    // Down to a match or to the free position.  A predicate is asked once a level on the way to the gap, and then
+    // whether the record behind it is a match.
+    template <engine::Mark M = engine::Mark::none, class Order> Trail find_place(Entry *path, const Order &ask) const {
+        using engine::Match, engine::Rule;
         if constexpr (is_predicate_answer<decltype(ask(root_))>) {
-            trail = engine::descend<engine::rule::greater_equal>(nodes(), root_, ask, trail);
-            if (trail.marked && !ask(trail.marked).left())
-                trail.match = trail.marked;
+            Trail trail = engine::descend<Rule{Match::left, M}>(nodes(), root_, ask, Trail{path});
+            Entry *const candidate = engine::last_turn<Side::left>(path, trail.top);
+            if (candidate && !ask(candidate->Node).left())
+                trail.top = candidate;
             return trail;
         } else {
-            return engine::descend<engine::rule::key>(nodes(), root_, ask, trail);
+            return engine::descend<Rule{Match::stop, M}>(nodes(), root_, ask, Trail{path});
         }
     }
-    iterator hang(const Trace &trail, T &x) {
-        set_root(engine::link_in(trail, root_, &x));
+    template <class Order> Trail find_free_place(Entry *path, const Order &ask) const {
+        return find_place<engine::Mark::leaning>(path, ask);
+    }
+    iterator hang(Path &path, const Trail &trail, T &x) {
+        trail.top->Node = engine::write_links(nodes(), &x, {nullptr, nullptr, 0});
+        set_root(engine::link_in(nodes(), path.entries, trail.top, trail.marked));
         return {this, &x};
     }
     template <engine::Rule R> iterator insert_by(T &x) {
         require_stranger(x);
-        signed char way[Traits::height + 1];
-        return hang(engine::descend<R>(nodes(), root_, order_of(x), Trace(nodes(), way)), x);
+        Path path;
+        return hang(path, engine::descend<R>(nodes(), root_, order_of(x), Trail{path.entries}), x);
     }
-
-    // The path to a match, or to the free position.
-    template <class Order> Entry *place_of(Entry *path, const Order &ask) const {
-        if constexpr (is_predicate_answer<decltype(ask(root_))>) {
-            const Trail trail = engine::descend<engine::rule::greater_equal>(nodes(), root_, ask, Trail{path, nullptr});
-            return trail.marked && !ask(trail.marked->Node).left() ? trail.marked : trail.top;
-        } else {
-            return engine::descend<engine::rule::key>(nodes(), root_, ask, Trail{path, nullptr}).top;
-        }
-    }
-    Entry *link_at(Entry *path, Entry *place, T &x) {
-        set_root(engine::insert_at(nodes(), path, place, &x));
-        return place;
-    }
-    iterator settle(iterator &at, Entry *place, T &x) {
-        at.stand(link_at(at.path_, place, x));
-        return at;
+    // x comes in at a free position, and the iterator that has the path there stands at it.
+    void link_at(iterator &at, Entry *place, T &x) {
+        set_root(engine::insert_at(nodes(), at.path_, place, &x));
+        at.stand(place);
     }
 
     // The free position next to a position, on its side S: at the end the one behind the last record.
@@ -253,30 +255,12 @@ private:
             top[1].Node = engine::end_of_spine<!S>(nodes(), near);
             return top + 1;
         }
-        while (top != path)
-            if ((--top)->Dir == engine::sign(!S))
-                return top;
-        return nullptr;
+        return engine::last_turn<!S>(path, top);
     }
 
-    // Takes the record of a position out; next becomes the position behind it.
-    T *take(const const_iterator &position, iterator &next) {
-        require_own(position);
-        require(position.at_, "there is no record at the end of a tree");
-        next.copy(position);
-        Entry *const top = next.path();
-        T *const x = record(top->Node);
-        const auto removed = engine::remove_at(nodes(), next.path_, top);
-        set_root(removed.root);
-        if (removed.next)
-            next.stand(removed.next);
-        else
-            next.stand_behind(removed.last);
-        return x;
-    }
     template <class K> T *extract_match(const K &k) {
         Path path;
-        Entry *const top = place_of(path.entries, order(k));
+        Entry *const top = find_place(path.entries, order(k)).top;
         const Node x = top->Node;
         if (x)
             set_root(engine::remove(nodes(), path.entries, top));
