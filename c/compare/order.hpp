@@ -37,7 +37,8 @@ private:
 // Runs a descent from start with the order of a tree and a key.  The only place that knows which comparators are
 // inlined: those of numbers that serve as keys of large trees; a string comparison gains too little.  Where there is
 // nothing to descend into nothing is asked, so the key, which may be gone by then, is not read.
-template <class Run> auto with_order(const AVL_Tree *tree, Node start, const void *key, Run run) {
+template <class Run>
+[[gnu::always_inline]] inline auto with_order(const AVL_Tree *tree, Node start, const void *key, Run run) {
     const AVL_CmpFunc cmp = start ? tree->Cmp : nullptr;
     if (cmp == AVL_CMP_HandlePointer)
         return run(NumberOrder<std::uint32_t, Direction::smallest_first>(tree, load<std::uint32_t>(key)));

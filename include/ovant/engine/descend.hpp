@@ -5,10 +5,9 @@
 
 namespace ovant::engine {
 
-// What a match does to the descent, and which step is remembered (the last one wins): a turn, a match, or, for what is
-// to be inserted, a node that leans.
+// What a match does to the descent, and which step is remembered (the last one wins).
 enum class Match { stop, left, right };
-enum class Mark { none, left_turn, right_turn, match, leaning };
+enum class Mark { none, left_turn, right_turn, match };
 
 struct Rule {
     Match match;
@@ -21,7 +20,6 @@ inline constexpr Rule first{Match::left, Mark::match}, last{Match::right, Mark::
 inline constexpr Rule front{Match::left, Mark::none}, back{Match::right, Mark::none};
 inline constexpr Rule pred{Match::stop, Mark::right_turn}, succ{Match::stop, Mark::left_turn};
 inline constexpr Rule less{Match::left, Mark::right_turn}, less_equal{Match::right, Mark::right_turn};
-inline constexpr Rule insert_front{Match::left, Mark::leaning}, insert_back{Match::right, Mark::leaning};
 inline constexpr Rule greater{Match::right, Mark::left_turn}, greater_equal{Match::left, Mark::left_turn};
 } // namespace rule
 
@@ -53,8 +51,9 @@ template <class Entry> struct PathTrail {
 };
 
 // g++ -O3 copies the end of the loop into both branches of a choice, and so makes branches of it again, at twice the
-// time of a search.  It leaves a loop alone whose end might be left by a jump; this one makes no instruction.
-#if defined(__GNUC__) && !defined(__clang__)
+// time of a search.  It leaves a loop alone whose end might be left by a jump; this one makes no instruction.  What is
+// compiled with -fno-split-paths does without.
+#if defined(__GNUC__) && !defined(__clang__) && !defined(OVANT_NO_SPLIT_PATHS)
 #define OVANT_WHOLE_LOOP(end) asm goto("" : : : : end);
 #define OVANT_WHOLE_LOOP_END(end)                                                                                      \
     end:
@@ -66,12 +65,11 @@ template <class Entry> struct PathTrail {
 // Goes down from n as the order says, one question a level, until it stops at a match or falls off.
 template <Rule R, class Nodes, class Trail, class Order>
 Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
-    for (trail.enter(n); n; trail.enter(n)) {
+    trail.enter(n);
+    while (n) {
         const auto answer = order(n);
         if constexpr (R.mark == Mark::match)
             trail.mark_if(answer.match());
-        if constexpr (R.mark == Mark::leaning)
-            trail.mark_if(nodes.balance(n) != 0);
         if constexpr (R.match == Match::stop)
             if (answer.match())
                 return trail;
@@ -84,6 +82,7 @@ Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
         if constexpr (R.mark == Mark::right_turn)
             trail.mark_if(!left);
         trail.turn(left);
+        trail.enter(n);
         OVANT_WHOLE_LOOP(end)
     }
     OVANT_WHOLE_LOOP_END(end)

@@ -4,7 +4,6 @@
 // records are as they were.  None allocates.  Positions of other records stay good; their paths are found again.
 #pragma once
 
-#include "../engine/insert.hpp"
 #include "look_up.hpp"
 
 namespace ovant::typed {
@@ -35,24 +34,23 @@ public:
     insertion<iterator> insert(T &x) requires Traits::unique {
         require_stranger(x);
         Path path;
-        const Trail trail = find_free_place(path.entries, order_of(x));
-        if (trail.top->Node)
-            return {{this, record(trail.top->Node)}, false};
-        return {hang(path, trail, x), true};
+        Entry *const top = find_place(path.entries, order_of(x));
+        if (top->Node)
+            return {{this, record(top->Node)}, false};
+        return {hang(path, top, x), true};
     }
     // Behind, or in front of, its equals.
-    iterator insert(T &x) requires(!Traits::unique) { return insert_by<engine::rule::insert_back>(x); }
-    iterator insert_front(T &x) requires(!Traits::unique) { return insert_by<engine::rule::insert_front>(x); }
+    iterator insert(T &x) requires(!Traits::unique) { return insert_by<engine::rule::back>(x); }
+    iterator insert_front(T &x) requires(!Traits::unique) { return insert_by<engine::rule::front>(x); }
 
     // Takes the place of the record with its key.  Returns that record, which is the caller's from then on, or nullptr
     // if there was none.
     T *insert_or_replace(T &x) requires Traits::unique {
         require_stranger(x);
         Path path;
-        const Trail trail = find_free_place(path.entries, order_of(x));
-        Entry *const at = trail.top;
+        Entry *const at = find_place(path.entries, order_of(x));
         if (!at->Node) {
-            hang(path, trail, x);
+            hang(path, at, x);
             return nullptr;
         }
         T *const old = record(at->Node);
@@ -70,31 +68,41 @@ public:
     // make gave nullptr.
     template <class K, class Make> insertion<iterator> find_or_insert(const K &k, Make make) requires Traits::unique {
         Path path;
-        const Trail trail = find_free_place(path.entries, order(k));
-        if (trail.top->Node)
-            return {{this, record(trail.top->Node)}, false};
+        Entry *const top = find_place(path.entries, order(k));
+        if (top->Node)
+            return {{this, record(top->Node)}, false};
         T *const x = make();
         if (!x)
             return {end(), false};
-        return {hang(path, trail, *x), true};
+        return {hang(path, top, *x), true};
     }
 
     // The same with a guess where x belongs: next to hint, in front of it or behind it.  If it does, two or three
     // comparisons and O(1) on average, and the position that comes back holds its path: sorted records come in one
     // after the other by hint = insert(hint, x).  If it does not, x is inserted as without a hint.
     iterator insert(const const_iterator &hint, T &x) {
-        require_own(hint);
         iterator at(this, nullptr);
         at.copy(hint);
+        push(at, x);
+        return at;
+    }
+    // The same at a position in hand, which goes on to x, or to the record of a set that is there: no path is copied.
+    // The fastest way to put sorted records in.  Returns whether x was inserted.
+    bool push(iterator &at, T &x) {
+        require_own(at);
         if (Entry *const place = fitting_place(at, x)) {
             require_stranger(x);
             link_at(at, place, x);
-            return at;
+            return true;
         }
-        if constexpr (Traits::unique)
-            return insert(x).first;
-        else
-            return insert(x);
+        if constexpr (Traits::unique) {
+            const auto [position, inserted] = insert(x);
+            at.copy(position);
+            return inserted;
+        } else {
+            at.copy(insert(x));
+            return true;
+        }
     }
     // In front of a position, at the end, at the start, without a comparison.  Requires: x belongs there.
     iterator insert_before(const const_iterator &position, T &x) {
@@ -172,44 +180,39 @@ protected:
     void take_over(update &other, iterator &at) {
         T &x = *at;
         Path path;
-        Trail trail{path.entries};
+        Entry *top;
         if constexpr (Traits::unique)
-            trail = find_free_place(path.entries, order_of(x));
+            top = find_place(path.entries, order_of(x));
         else
-            trail = engine::descend<engine::rule::insert_back>(nodes(), root_, order_of(x), trail);
-        if (trail.top->Node)
+            top = engine::descend<engine::rule::back>(nodes(), root_, order_of(x), Trail{path.entries}).top;
+        if (top->Node)
             return void(++at);
         other.pop(at);
-        hang(path, trail, x);
+        hang(path, top, x);
     }
 
 private:
     // Down to a match or to the free position.  A predicate is asked once a level on the way to the gap, and then
     // whether the record behind it is a match.
-    template <engine::Mark M = engine::Mark::none, class Order> Trail find_place(Entry *path, const Order &ask) const {
-        using engine::Match, engine::Rule;
+    template <class Order> Entry *find_place(Entry *path, const Order &ask) const {
         if constexpr (is_predicate_answer<decltype(ask(root_))>) {
-            Trail trail = engine::descend<Rule{Match::left, M}>(nodes(), root_, ask, Trail{path});
-            Entry *const candidate = engine::last_turn<Side::left>(path, trail.top);
-            if (candidate && !ask(candidate->Node).left())
-                trail.top = candidate;
-            return trail;
+            Entry *const top = engine::descend<engine::rule::front>(nodes(), root_, ask, Trail{path}).top;
+            Entry *const candidate = engine::last_turn<Side::left>(path, top);
+            return candidate && !ask(candidate->Node).left() ? candidate : top;
         } else {
-            return engine::descend<Rule{Match::stop, M}>(nodes(), root_, ask, Trail{path});
+            return engine::descend<engine::rule::key>(nodes(), root_, ask, Trail{path}).top;
         }
     }
-    template <class Order> Trail find_free_place(Entry *path, const Order &ask) const {
-        return find_place<engine::Mark::leaning>(path, ask);
-    }
-    iterator hang(Path &path, const Trail &trail, T &x) {
-        trail.top->Node = engine::write_links(nodes(), &x, {nullptr, nullptr, 0});
-        set_root(engine::link_in(nodes(), path.entries, trail.top, trail.marked));
+    iterator hang(Path &path, Entry *top, T &x) {
+        top->Node = engine::write_links(nodes(), &x, {nullptr, nullptr, 0});
+        engine::grow(nodes(), path.entries, top);
+        set_root(path.entries->Node);
         return {this, &x};
     }
     template <engine::Rule R> iterator insert_by(T &x) {
         require_stranger(x);
         Path path;
-        return hang(path, engine::descend<R>(nodes(), root_, order_of(x), Trail{path.entries}), x);
+        return hang(path, engine::descend<R>(nodes(), root_, order_of(x), Trail{path.entries}).top, x);
     }
     // x comes in at a free position, and the iterator that has the path there stands at it.
     void link_at(iterator &at, Entry *place, T &x) {
@@ -260,7 +263,7 @@ private:
 
     template <class K> T *extract_match(const K &k) {
         Path path;
-        Entry *const top = find_place(path.entries, order(k)).top;
+        Entry *const top = find_place(path.entries, order(k));
         const Node x = top->Node;
         if (x)
             set_root(engine::remove(nodes(), path.entries, top));
