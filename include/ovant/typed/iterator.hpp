@@ -11,6 +11,10 @@
 #include <iterator>
 #endif
 
+namespace ovant {
+template <bool Unique, auto Link, auto Key, class Compare, class Dispose> class ordered;
+}
+
 namespace ovant::typed {
 
 template <class Traits> class trunk;
@@ -83,6 +87,7 @@ private:
     template <class> friend class update;
     template <class> friend class whole;
     template <class, bool> friend class interval;
+    template <bool, auto, auto, class, class> friend class ovant::ordered;
 
     static constexpr engine::Side Left = engine::Side::left, Right = engine::Side::right;
 
