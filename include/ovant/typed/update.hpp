@@ -79,7 +79,8 @@ public:
 
     // The same with a guess where x belongs: next to hint, in front of it or behind it.  If it does, two or three
     // comparisons and O(1) on average, and the position that comes back holds its path: sorted records come in one
-    // after the other by hint = insert(hint, x).  If it does not, x is inserted as without a hint.
+    // after the other by hint = insert(hint, x).  If it does not, x is inserted as without a hint.  No hint changes
+    // where it stands among its equals.
     iterator insert(const const_iterator &hint, T &x) {
         iterator at(this, nullptr);
         at.copy(hint);
@@ -245,10 +246,8 @@ private:
         const Entry *const other = at.at_ ? neighbour<Side::right>(at.path_, top) : nullptr;
         return !other || goes_before(ask(other->Node)) ? engine::beside<Side::right>(nodes(), top) : nullptr;
     }
-    // Between two equals, or where one of both sides is equal, a record of a multiset fits as well.
-    template <class Answer> static bool goes_before(const Answer &answer) {
-        return Traits::unique ? answer.left() : !answer.right();
-    }
+    // Where equals may stand, the place is the one behind them.
+    template <class Answer> static bool goes_before(const Answer &answer) { return answer.left(); }
     template <class Answer> static bool goes_behind(const Answer &answer) {
         return Traits::unique ? answer.right() : !answer.left();
     }
