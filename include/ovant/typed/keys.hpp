@@ -89,10 +89,11 @@ template <class Ordering> struct three_way_answer {
     bool right() const noexcept { return !(ordering <= 0); }
 };
 
+// Asked later, so a key that was computed for it is kept.
 template <class Compare, class A, class B> struct predicate_answer {
     const Compare &before;
     const A &sought;
-    const B &key;
+    B key; // a reference to one that lies in a record
     bool left() const { return before(sought, key); }
     bool right() const { return before(key, sought); }
     bool match() const { return !left() && !right(); }
@@ -103,11 +104,11 @@ template <class Compare, class A, class B>
 inline constexpr bool is_predicate_answer<predicate_answer<Compare, A, B>> = true;
 
 // The answer at a key to the question where something sought lies.
-template <class Compare, class A, class B> constexpr auto ask(const Compare &compare, const A &sought, const B &key) {
-    if constexpr (std::is_same_v<A, B> && compared_in_place<Compare, A>)
+template <class Compare, class A, class B> constexpr auto ask(const Compare &compare, const A &sought, B &&key) {
+    if constexpr (std::is_same_v<A, std::remove_cvref_t<B>> && compared_in_place<Compare, A>)
         return engine::ValueAnswer<A, engine::Direction::smallest_first>{key, sought};
     else if constexpr (compares_as_predicate<Compare, A, B>)
-        return predicate_answer<Compare, A, B>{compare, sought, key};
+        return predicate_answer<Compare, A, B>{compare, sought, static_cast<B &&>(key)};
     else if constexpr (compares<Compare, A, B>)
         return three_way_answer<answer_of<Compare, A, B>>{compare(sought, key)};
     else {

@@ -128,7 +128,8 @@ protected:
     // Whether a record may stand behind another one.
     auto follows() const {
         return [this](Node first, Node second) {
-            const auto answer = this->order_of(*record(second))(first);
+            const auto ask = this->order_of(*record(second));
+            const auto answer = ask(first);
             return Traits::unique ? answer.right() : !answer.left();
         };
     }
