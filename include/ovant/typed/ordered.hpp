@@ -75,6 +75,21 @@ public:
     // What lies behind a gap leaves.
     template <typed::gap G> ordered split(const G &gap) { return extract(gap, finish); }
 
+    // All records with the key leave and go to the disposer; k may be the key of one of them.  Returns how many.
+    template <class K> size_type erase(const K &k) requires(!std::is_convertible_v<const K &, const_iterator>) {
+        size_type n = 0;
+        const auto dispose = [&](T *x) {
+            this->dispose_(x);
+            ++n;
+        };
+        if constexpr (Traits::unique && !Traits::composite) {
+            if (T *const x = extract(k))
+                dispose(x);
+        } else {
+            extract(before(k), after(k)).clear_and_dispose(dispose);
+        }
+        return n;
+    }
     // What lies between two gaps leaves and goes to the disposer, or to another one: O(H) and a call for each record.
     template <typed::gap First, typed::gap Last> void erase(const First &first, const Last &last) {
         extract(first, last);

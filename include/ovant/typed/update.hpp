@@ -128,17 +128,6 @@ public:
     }
     // This very record.  Requires: it is in the tree.  Returns the next position.
     iterator erase(T &x) { return erase(iterator(this, &x)); }
-    // All records with the key.  Returns how many.
-    template <class K> size_type erase(const K &k) requires(!std::is_convertible_v<const K &, const_iterator>) {
-        size_type n = 0;
-        while (T *const x = extract_match(k)) {
-            this->dispose_(x);
-            ++n;
-            if constexpr (Traits::unique && !Traits::composite)
-                break;
-        }
-        return n;
-    }
 
     // The same without the disposer: the record is the caller's from then on.  nullptr where there is none.
     template <bool Const> T *extract(const typed::iterator<Traits, Const> &position) {
