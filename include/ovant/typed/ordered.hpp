@@ -45,32 +45,38 @@ public:
     // What lies between two gaps leaves as a tree of its own, with copies of comparator and disposer.
     template <typed::gap First, typed::gap Last> ordered extract(const First &first, const Last &last) {
         constexpr bool from_start = std::is_same_v<First, start_gap>, to_finish = std::is_same_v<Last, finish_gap>;
+        ordered result = sibling();
         if constexpr (from_start && to_finish) {
-            return keep(nullptr, root_);
+            part(result, nullptr, root_);
         } else if constexpr (from_start || to_finish) {
             Path path;
             Entry *const top = to_gap(path, in_front_of<from_start>(first, last));
             const engine::Halves halves = engine::split(nodes(), path.entries, top == path.entries ? top : top - 1);
-            return from_start ? keep(halves.after.root, halves.before.root)
-                              : keep(halves.before.root, halves.after.root);
+            if constexpr (from_start)
+                part(result, halves.after.root, halves.before.root);
+            else
+                part(result, halves.before.root, halves.after.root);
         } else {
             Path from, to;
             Entry *const begins = to_gap(from, in_front(first)), *const ends = to_gap(to, in_front(last));
-            return cut_out(from.entries, begins, to.entries, ends);
+            cut_out(result, from.entries, begins, to.entries, ends);
         }
+        return result;
     }
     // The same for two positions, without a comparison where they have their paths.  Requires: last can be reached from
     // first.
     ordered extract(const_iterator first, const_iterator last) {
         this->require_own(first);
         this->require_own(last);
+        ordered result = sibling();
         if (first == last)
-            return keep(root_, nullptr);
+            return result;
         Entry *const begins = engine::beside<Side::left>(nodes(), first.path());
         Entry *const at = last.path();
         Entry *const ends =
             last == end() ? engine::beside<Side::right>(nodes(), at) : engine::beside<Side::left>(nodes(), at);
-        return cut_out(first.path_, begins, last.path_, ends);
+        cut_out(result, first.path_, begins, last.path_, ends);
+        return result;
     }
     // What lies behind a gap leaves.
     template <typed::gap G> ordered split(const G &gap) { return extract(gap, finish); }
@@ -123,12 +129,11 @@ public:
     void merge(ordered &other) { merge(static_cast<ordered &&>(other)); }
 
 private:
-    // One part stays, the other is the result.
-    ordered keep(Node stays, Node leaves) {
-        ordered result(this->compare_, this->dispose_);
+    // For what is cut out: empty, and made before anything changes, since copying a comparator may throw.
+    ordered sibling() const { return ordered(this->compare_, this->dispose_); }
+    void part(ordered &result, Node stays, Node leaves) {
         result.set_root(leaves);
         set_root(stays);
-        return result;
     }
 
     template <bool FromStart, class First, class Last> auto in_front_of(const First &first, const Last &last) const {
@@ -146,18 +151,18 @@ private:
 
     // Two paths to empty links.  Where they part, the first to the left and the second to the right, stands the pivot;
     // if they part the other way, or not at all, nothing lies between them.
-    ordered cut_out(Entry *from, Entry *begins, Entry *to, Entry *ends) {
+    void cut_out(ordered &result, Entry *from, Entry *begins, Entry *to, Entry *ends) {
         Entry *e = from, *f = to;
         for (; e != begins && f != ends && e->Dir == f->Dir; ++e, ++f) {
         }
         if (e == begins || f == ends || e->Dir > f->Dir)
-            return keep(root_, nullptr);
+            return;
         const auto boundary = [](Entry *bottom, Entry *top) {
             return [=](Node) { return engine::Boundary<Entry>{bottom, top == bottom ? bottom : top - 1}; };
         };
         const engine::Parts parts =
             engine::cut_between(nodes(), from, e, e->Node, boundary(e + 1, begins), boundary(f + 1, ends));
-        return keep(parts.outer, parts.inner);
+        part(result, parts.outer, parts.inner);
     }
 
     template <Side S> void join(ordered &other) noexcept {

@@ -28,7 +28,9 @@ protected:
         Path() noexcept {} // NOLINT
     };
 
-    trunk() = default;
+    trunk() noexcept(noexcept(Compare(), Dispose())) requires(
+        std::is_default_constructible_v<Compare> &&std::is_default_constructible_v<Dispose>)
+        : compare_(), dispose_() {}
     trunk(const Compare &compare, const Dispose &dispose) : compare_(compare), dispose_(dispose) {}
     trunk(const trunk &) = delete;
     trunk &operator=(const trunk &) = delete;
@@ -133,8 +135,8 @@ protected:
 
     Node root_ = nullptr;
     std::size_t changes_ = 1; // so that a position knows whether its path still holds
-    [[no_unique_address]] Compare compare_{};
-    [[no_unique_address]] Dispose dispose_{};
+    [[no_unique_address]] Compare compare_;
+    [[no_unique_address]] Dispose dispose_;
 
     template <class, bool, bool> friend class iterator;
 };
