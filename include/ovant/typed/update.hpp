@@ -74,6 +74,7 @@ public:
         T *const x = make();
         if (!x)
             return {end(), false};
+        require_stranger(*x);
         return {hang(path, top, *x), true};
     }
 
@@ -110,6 +111,10 @@ public:
         require_own(position);
         iterator at(this, nullptr);
         at.copy(position);
+        if constexpr (checks) {
+            require_stranger(x);
+            require(fits_before(at, x), "the record does not belong in front of the position");
+        }
         link_at(at, free_place<Side::left>(at), x);
         return at;
     }
@@ -234,6 +239,14 @@ private:
             return nullptr;
         const Entry *const other = at.at_ ? neighbour<Side::right>(at.path_, top) : nullptr;
         return !other || goes_before(ask(other->Node)) ? engine::beside<Side::right>(nodes(), top) : nullptr;
+    }
+    // Whether x may stand in front of a position.
+    bool fits_before(iterator &at, const T &x) {
+        const auto ask = order_of(x);
+        Entry *const top = at.path(), *const before = at.at_ ? neighbour<Side::left>(at.path_, top) : top;
+        if (before && !goes_behind(ask(before->Node)))
+            return false;
+        return !at.at_ || (Traits::unique ? ask(top->Node).left() : !ask(top->Node).right());
     }
     // Where equals may stand, the place is the one behind them.
     template <class Answer> static bool goes_before(const Answer &answer) { return answer.left(); }
