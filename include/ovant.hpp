@@ -19,14 +19,11 @@
 //
 //     Link      &Record::link, a member of type ovant::link, in the record or in a base of it
 //     Key       what is compared: a member, a const member function, a function of the record; ovant::keys<&R::a,
-//     &R::b>
-//               for several in turn; ovant::itself (the default) for the whole record
+//               &R::b> for several in turn; ovant::itself (the default) for the whole record
 //     Compare   std::compare_three_way (the default); any other comparator whose answer is held against 0; or a
-//     predicate
-//               that says whether its first argument stands before its second, as std::less<> does
+//               predicate that says whether its first argument stands before its second, as std::less<> does
 //     Dispose   ovant::unowned (the default); or what ends a record that goes, std::default_delete<Record> say: then
-//     the
-//               tree owns its records
+//               the tree owns its records
 //
 // What a key is sought by may be of any type that the comparator takes beside the key's; where the machine compares the
 // key itself (numbers, pointers, enumerations), it is converted to the key's type.  Where a key has several parts,

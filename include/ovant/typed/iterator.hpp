@@ -56,14 +56,14 @@ public:
     }
     pointer operator->() const noexcept { return &**this; }
 
-    iterator &operator++() { return go < Backward ? Left : Right > (); }
-    iterator &operator--() { return go < Backward ? Right : Left > (); }
-    iterator operator++(int) {
+    iterator &operator++() noexcept(Traits::quiet_for_record) { return go < Backward ? Left : Right > (); }
+    iterator &operator--() noexcept(Traits::quiet_for_record) { return go < Backward ? Right : Left > (); }
+    iterator operator++(int) noexcept(Traits::quiet_for_record) {
         iterator before = *this;
         ++*this;
         return before;
     }
-    iterator operator--(int) {
+    iterator operator--(int) noexcept(Traits::quiet_for_record) {
         iterator before = *this;
         --*this;
         return before;
@@ -123,8 +123,8 @@ private:
     }
 
     // The path to the record, or at the end to the last record.  0 in an empty tree.
-    Entry *path() { return has_path() ? top_ : find_path(); }
-    Entry *find_path() {
+    Entry *path() noexcept(Traits::quiet_for_record) { return has_path() ? top_ : find_path(); }
+    Entry *find_path() noexcept(Traits::quiet_for_record) {
         Entry *top;
         if (at_) {
             top = tree_->locate(path_, *at_);
@@ -139,7 +139,7 @@ private:
         return top;
     }
 
-    template <engine::Side S> iterator &go() {
+    template <engine::Side S> iterator &go() noexcept(Traits::quiet_for_record) {
         Entry *const top = path();
         if (!at_) { // from the end back in
             stand(top);

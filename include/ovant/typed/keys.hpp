@@ -125,6 +125,19 @@ template <class Compare, class A, class B> int direction_of(const Compare &compa
     }
 }
 
+// Whether none of that can throw.
+template <class Compare, class A, class B> constexpr bool asks_quietly() {
+    if constexpr (compared_in_place<Compare, B> && std::is_convertible_v<const A &, B>)
+        return std::is_nothrow_convertible_v<const A &, B>;
+    else if constexpr (compares_as_predicate<Compare, A, B>)
+        return std::is_nothrow_invocable_v<const Compare &, const A &, const B &> &&
+               std::is_nothrow_invocable_v<const Compare &, const B &, const A &>;
+    else if constexpr (compares<Compare, A, B>)
+        return std::is_nothrow_invocable_v<const Compare &, const A &, const B &>;
+    else
+        return std::is_nothrow_invocable_v<const Compare &, const B &, const A &>;
+}
+
 // ---- The order that a descent is given.  Sought is a value or a const reference.
 
 template <class Traits, class Sought> class key_order {
@@ -145,7 +158,7 @@ private:
     template <auto... Parts> direction at(const T &record, const keys_of<Parts...> &) const {
         if constexpr (std::is_same_v<std::remove_cvref_t<Sought>, T>) {
             int dir = 0;
-            ((dir = direction_of(compare_, key_of<Parts>(sought_), key_of<Parts>(record)), dir != 0) || ...);
+            static_cast<void>(((dir = direction_of(compare_, key_of<Parts>(sought_), key_of<Parts>(record))) || ...));
             return {dir};
         } else {
             return {parts<Parts...>(record, sought_)};

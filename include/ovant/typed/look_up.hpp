@@ -33,6 +33,8 @@ public:
     using reverse_iterator = typed::iterator<Traits, false, true>;
     using const_reverse_iterator = typed::iterator<Traits, true, true>;
 
+    template <class K> static constexpr bool quiet = Traits::template quiet_for<K>; // no throw
+
     // ---- Ends
 
     bool empty() const noexcept { return !root_; }
@@ -63,15 +65,19 @@ public:
     // ---- By key: at most one comparison a level, two where the comparator is a predicate and a match is asked for
 
     // A record with the key, whichever of its equals; end() if there is none.
-    template <class K> iterator find(const K &k) { return {this, match(k)}; }
-    template <class K> const_iterator find(const K &k) const { return {this, match(k)}; }
-    template <class K> bool contains(const K &k) const { return match(k) != nullptr; }
+    template <class K> iterator find(const K &k) noexcept(quiet<K>) { return {this, match(k)}; }
+    template <class K> const_iterator find(const K &k) const noexcept(quiet<K>) { return {this, match(k)}; }
+    template <class K> bool contains(const K &k) const noexcept(quiet<K>) { return match(k) != nullptr; }
 
     // The first record that is not less than k; the first that is greater; both.  end() if there is none.
-    template <class K> iterator lower_bound(const K &k) { return {this, first_behind(before(k))}; }
-    template <class K> const_iterator lower_bound(const K &k) const { return {this, first_behind(before(k))}; }
-    template <class K> iterator upper_bound(const K &k) { return {this, first_behind(after(k))}; }
-    template <class K> const_iterator upper_bound(const K &k) const { return {this, first_behind(after(k))}; }
+    template <class K> iterator lower_bound(const K &k) noexcept(quiet<K>) { return {this, first_behind(before(k))}; }
+    template <class K> const_iterator lower_bound(const K &k) const noexcept(quiet<K>) {
+        return {this, first_behind(before(k))};
+    }
+    template <class K> iterator upper_bound(const K &k) noexcept(quiet<K>) { return {this, first_behind(after(k))}; }
+    template <class K> const_iterator upper_bound(const K &k) const noexcept(quiet<K>) {
+        return {this, first_behind(after(k))};
+    }
     template <class K> interval<Traits, false> equal_range(const K &k) { return between(before(k), after(k)); }
     template <class K> interval<Traits, true> equal_range(const K &k) const { return between(before(k), after(k)); }
 
@@ -109,7 +115,7 @@ public:
     // ---- By record: found by its key and, among equals, along its run, at a comparison each
 
     // Whether this very record is in the tree.  Where the record is its own key, contains(x) asks for an equal one.
-    bool holds(const T &x) const {
+    bool holds(const T &x) const noexcept(Traits::quiet_for_record) {
         typename Base::Path path;
         return locate(path.entries, x);
     }

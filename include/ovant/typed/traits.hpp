@@ -51,6 +51,28 @@ template <auto Key, class T, class Compare, auto... Parts> struct key_facts<Key,
     static constexpr bool comparable = (key_facts<Parts, T, Compare>::comparable && ...);
 };
 
+// Whether the key of a record is found, and compared with something sought, without a throw.
+template <class T, class Compare, auto Key, class = std::remove_cv_t<decltype(Key)>> struct quiet {
+    template <class K>
+    static constexpr bool with = noexcept(key_of<Key>(std::declval<const T &>())) &&
+                                 asks_quietly<Compare, K, typename key_facts<Key, T, Compare>::type>();
+    static constexpr bool itself = with<typename key_facts<Key, T, Compare>::type>;
+};
+template <class T, class Compare, auto Key, auto First, auto... Rest>
+struct quiet<T, Compare, Key, keys_of<First, Rest...>> {
+    static constexpr bool itself = quiet<T, Compare, First>::itself && (quiet<T, Compare, Rest>::itself && ...);
+    template <class K> struct part { static constexpr bool value = quiet<T, Compare, First>::template with<K>; };
+    template <class V, class... Values> struct part<key_values<V, Values...>> {
+        static constexpr bool value = quiet<T, Compare, First>::template with<V> && [] {
+            if constexpr (sizeof...(Values) == 0)
+                return true;
+            else
+                return quiet<T, Compare, keys<Rest...>>::template with<key_values<Values...>>;
+        }();
+    };
+    template <class K> static constexpr bool with = part<K>::value;
+};
+
 template <bool Unique, auto Link, auto Key, class Compare, class Dispose> struct traits {
     static_assert(is_link_member<decltype(Link)>,
                   "ovant: the first argument is a pointer to a member of type ovant::link, as in &Event::link");
@@ -71,6 +93,11 @@ template <bool Unique, auto Link, auto Key, class Compare, class Dispose> struct
     static constexpr auto key = Key;
     static constexpr bool composite = facts::composite; // a key of several parts
     static constexpr bool owns = !std::is_same_v<Dispose, unowned>;
+
+    // Whether a search for K cannot throw, nor one for a record's own key, nor one for a gap.
+    template <class K> static constexpr bool quiet_for = quiet<value_type, Compare, Key>::template with<K>;
+    static constexpr bool quiet_for_record = quiet<value_type, Compare, Key>::itself;
+    static constexpr bool quiet_disposal = std::is_nothrow_invocable_v<const Dispose &, value_type *>;
 
     using nodes = engine::Links<at_member<value_type, Link>>;
     struct entry {

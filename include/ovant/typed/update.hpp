@@ -31,7 +31,7 @@ public:
     // disposer owns x from then on.  One comparison a level, then O(1) on average; no position is invalidated.
 
     // Refuses a key that is there: the position of x and true, or of the record that is there and false.
-    insertion<iterator> insert(T &x) requires Traits::unique {
+    insertion<iterator> insert(T &x) noexcept(Traits::quiet_for_record) requires Traits::unique {
         require_stranger(x);
         Path path;
         Entry *const top = find_place(path.entries, order_of(x));
@@ -40,7 +40,9 @@ public:
         return {hang(path, top, x), true};
     }
     // Behind, or in front of, its equals.
-    iterator insert(T &x) requires(!Traits::unique) { return insert_by<engine::rule::back>(x); }
+    iterator insert(T &x) noexcept(Traits::quiet_for_record) requires(!Traits::unique) {
+        return insert_by<engine::rule::back>(x);
+    }
     iterator insert_front(T &x) requires(!Traits::unique) { return insert_by<engine::rule::front>(x); }
 
     // Takes the place of the record with its key.  Returns that record, which is the caller's from then on, or nullptr
@@ -82,7 +84,7 @@ public:
     // comparisons and O(1) on average, and the position that comes back holds its path: sorted records come in one
     // after the other by hint = insert(hint, x).  If it does not, x is inserted as without a hint.  No hint changes
     // where it stands among its equals.
-    iterator insert(const const_iterator &hint, T &x) {
+    iterator insert(const const_iterator &hint, T &x) noexcept(Traits::quiet_for_record) {
         iterator at(this, nullptr);
         at.copy(hint);
         push(at, x);
@@ -90,7 +92,7 @@ public:
     }
     // The same at a position in hand, which goes on to x, or to the record of a set that is there: no path is copied.
     // The fastest way to put sorted records in.  Returns whether x was inserted.
-    bool push(iterator &at, T &x) {
+    bool push(iterator &at, T &x) noexcept(Traits::quiet_for_record) {
         require_own(at);
         if (Entry *const place = fitting_place(at, x)) {
             require_stranger(x);
@@ -125,27 +127,32 @@ public:
 
     // The record of a position.  Returns the next position, with its path: a walk that erases as it goes makes no
     // comparison, and costs O(1) a record on average.
-    template <bool Const> iterator erase(const typed::iterator<Traits, Const> &position) {
+    template <bool Const>
+    iterator
+    erase(const typed::iterator<Traits, Const> &position) noexcept(Traits::quiet_for_record &&Traits::quiet_disposal) {
         iterator at(this, nullptr);
         at.copy(position);
         this->dispose_(pop(at));
         return at;
     }
     // This very record.  Requires: it is in the tree.  Returns the next position.
-    iterator erase(T &x) { return erase(iterator(this, &x)); }
+    iterator erase(T &x) noexcept(Traits::quiet_for_record &&Traits::quiet_disposal) {
+        return erase(iterator(this, &x));
+    }
 
     // The same without the disposer: the record is the caller's from then on.  nullptr where there is none.
-    template <bool Const> T *extract(const typed::iterator<Traits, Const> &position) {
+    template <bool Const>
+    T *extract(const typed::iterator<Traits, Const> &position) noexcept(Traits::quiet_for_record) {
         iterator at(this, nullptr);
         at.copy(position);
         return pop(at);
     }
-    T *extract(T &x) { return extract(iterator(this, &x)); }
+    T *extract(T &x) noexcept(Traits::quiet_for_record) { return extract(iterator(this, &x)); }
     template <class K> T *extract(const K &k) requires(!std::is_convertible_v<const K &, const_iterator> && !gap<K>) {
         return extract_match(k);
     }
     // The record of a position, which goes on to the next one: the fastest way to empty a tree from a position on.
-    T *pop(iterator &at) {
+    T *pop(iterator &at) noexcept(Traits::quiet_for_record) {
         require_own(at);
         require(at.at_, "there is no record at the end of a tree");
         Entry *const top = at.path();
