@@ -6,6 +6,12 @@
 
 namespace ovant::engine {
 
+// One entry of the few that move; field by field, or compilers call the C library to move them.
+template <class Entry> void move(const Entry *from, Entry *to) {
+    to->Node = from->Node;
+    to->Dir = from->Dir;
+}
+
 // After a removal a turn at q puts its new root above the old one, which goes on towards the same side: the path gets
 // an entry more there.
 template <class Entry> struct AfterLoss {
@@ -13,7 +19,7 @@ template <class Entry> struct AfterLoss {
 
     void turned(Entry *q, Node old_root) const {
         for (Entry *e = *top; e != q; --e)
-            e[1] = e[0];
+            move(e, e + 1);
         q[1] = {old_root, q->Dir};
         ++*top;
     }
@@ -39,7 +45,7 @@ template <class Entry> struct AfterGrowth {
             from = q + 3;
         }
         for (; to != *top; ++to, ++from)
-            *to = *from;
+            move(from, to);
         --*top;
     }
 };
