@@ -124,7 +124,7 @@ private:
 
     // The path to the record, or at the end to the last record.  0 in an empty tree.
     Entry *path() noexcept(Traits::quiet_for_record) { return has_path() ? top_ : find_path(); }
-    Entry *find_path() noexcept(Traits::quiet_for_record) {
+    [[gnu::noinline]] Entry *find_path() noexcept(Traits::quiet_for_record) {
         Entry *top;
         if (at_) {
             top = tree_->locate(path_, *at_);

@@ -108,8 +108,9 @@ protected:
 
     // The path to the first record that does not stand before the order's key; 0 if there is none.
     template <class Order> Entry *not_before(Entry *path, const Order &order) const {
-        Entry *const top = engine::descend<engine::rule::greater_equal>(nodes(), root_, order, Trail{path}).marked;
-        return top ? engine::here(top) : nullptr;
+        Entry *const gap = engine::descend<engine::rule::front>(nodes(), root_, order, Trail{path}).top;
+        Entry *const behind = engine::last_turn<Side::left>(path, gap);
+        return behind ? engine::here(behind) : nullptr;
     }
     // The path to this very record, along its run of equals; 0 if it is not in the tree.
     Entry *locate(Entry *path, const T &x) const {
