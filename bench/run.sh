@@ -18,6 +18,7 @@ usage: ./dev bench [OPTION]
   --limit            searches beside a bare chase down the same links
   --counters         what callgrind counts for the operations that are hardest to make fast, beside avl_set
   --budget           instructions of ten fixed runs, held against bench/budget.txt; --store rewrites that
+  --compile [ROUNDS] what including the C++ headers costs a compiler, beside avl_set's
 TEXT
 }
 
@@ -123,6 +124,10 @@ case ${1:-} in
     want /usr/bin/valgrind:valgrind
     compile bench_budget
     bench/budget.sh "$programs" "${@:2}"
+    ;;
+--compile)
+    want /usr/include/boost/intrusive/avl_set.hpp:libboost-dev /usr/bin/clang++:clang
+    bench/compile.sh "${@:2}"
     ;;
 help | -h | --help) usage ;;
 *) die "unknown argument $1 (./dev bench --help lists them)" ;;

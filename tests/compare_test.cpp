@@ -1,6 +1,7 @@
 // The ready-made comparators: each pair of keys, and the order of a tree built on them.
 #include "support/check.hpp"
 
+#include <cstring>
 #include <limits>
 
 using namespace ovant::c;

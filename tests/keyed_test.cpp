@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
 
 // This program is linked with --wrap=malloc and --wrap=free: the library's blocks are counted, sized to the byte, and

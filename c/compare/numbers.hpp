@@ -4,6 +4,8 @@
 #include "frame/nodes.hpp"
 #include "ovant/engine/order.hpp"
 
+#include <cstdint>
+
 namespace ovant::c {
 
 // An unordered pair (a NaN) neither matches nor leads to the left.

@@ -2,6 +2,8 @@
 #include "frame/nodes.hpp"
 #include "platform/runtime.hpp"
 
+#include <cstring>
+
 using ovant::c::load;
 
 namespace {

@@ -5,6 +5,8 @@
 #include "frame/report.hpp"
 #include "ovant/engine/sweep.hpp"
 
+#include <cstdint>
+
 using namespace ovant::c;
 
 namespace {

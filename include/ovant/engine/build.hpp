@@ -3,8 +3,6 @@
 
 #include "links.hpp"
 
-#include <climits>
-
 namespace ovant::engine {
 
 // A tree of the next `count` nodes that next() gives in tree order, as low as can be.  No node is compared with
@@ -13,7 +11,7 @@ template <class Nodes, class Next> Node build(Nodes nodes, std::size_t count, Ne
     struct {
         Node node;
         std::size_t size; // of its subtree
-    } open[sizeof count * CHAR_BIT], *top = open;
+    } open[8 * sizeof count], *top = open;
 
     Node built = nullptr; // the subtree that has just been finished
     for (std::size_t size = count;;) {

@@ -2,8 +2,6 @@
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
-#include <cstring>
 
 namespace ovant::engine {
 
@@ -18,11 +16,11 @@ constexpr Side side_of(int dir) { return dir < 0 ? Side::left : Side::right; }
 // Plain loads and stores of any type at any address: an aligned type would be undefined behaviour there.
 template <class T> T load(const void *base, std::size_t offset = 0) {
     T value;
-    std::memcpy(&value, static_cast<const char *>(base) + offset, sizeof value);
+    __builtin_memcpy(&value, static_cast<const char *>(base) + offset, sizeof value);
     return value;
 }
 template <class T> void store(void *base, std::size_t offset, T value) {
-    std::memcpy(static_cast<char *>(base) + offset, &value, sizeof value);
+    __builtin_memcpy(static_cast<char *>(base) + offset, &value, sizeof value);
 }
 template <class T> void store(void *to, T value) { store(to, 0, value); }
 

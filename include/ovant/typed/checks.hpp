@@ -11,8 +11,7 @@
 #endif
 
 #if OVANT_CHECKS
-#include <stdio.h>
-#include <stdlib.h>
+#include <err.h>
 #endif
 
 namespace ovant::typed {
@@ -23,8 +22,8 @@ inline constexpr bool checks = OVANT_CHECKS;
 inline void require([[maybe_unused]] bool holds, [[maybe_unused]] const char *what) {
 #if OVANT_CHECKS
     if (!holds) {
-        fprintf(stderr, "ovant: %s\n", what);
-        abort();
+        warnx("ovant: %s", what);
+        __builtin_abort();
     }
 #endif
 }
