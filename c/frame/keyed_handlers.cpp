@@ -32,13 +32,13 @@ template <Form F> void *make(const void *key, void *context) {
     return node;
 }
 
-template <Form F>
-constexpr AVL_NodeFuncs table = {
-    .Malloc = make<F>,
-    .Realloc = F.counted ? AVL_Realloc_CountUp : AVL_Realloc_RetGivenHandle,
-    .Free = F.counted ? AVL_Free_CountDown : AVL_Free_FreeMem,
-    .Kill = AVL_Kill_FreeMem,
-};
+using Malloc = decltype(AVL_NodeFuncs::Malloc);
+constexpr AVL_NodeFuncs plain(Malloc make) {
+    return {make, AVL_Realloc_RetGivenHandle, AVL_Free_FreeMem, AVL_Kill_FreeMem};
+}
+constexpr AVL_NodeFuncs counted(Malloc make) {
+    return {make, AVL_Realloc_CountUp, AVL_Free_CountDown, AVL_Kill_FreeMem};
+}
 
 } // namespace
 } // namespace ovant::c
@@ -47,12 +47,21 @@ using namespace ovant::c;
 
 extern "C" {
 
-constinit const AVL_NodeFuncs AVL_NodeFuncsKey4 = table<Form{key_off, 4}>;
-constinit const AVL_NodeFuncs AVL_NodeFuncsKey8 = table<Form{key_off, 8}>;
-constinit const AVL_NodeFuncs AVL_NodeFuncsKeyString = table<Form{string_key_off, 0}>;
-constinit const AVL_NodeFuncs AVL_NodeFuncsCountKey4 = table<Form{count_key_off, 4, true}>;
-constinit const AVL_NodeFuncs AVL_NodeFuncsCountKey8 = table<Form{count_key_off, 8, true}>;
-constinit const AVL_NodeFuncs AVL_NodeFuncsCountKeyString = table<Form{count_key_off, 0, true, 3}>;
+void *AVL_Malloc_Key4(const void *key, void *context) { return make<Form{key_off, 4}>(key, context); }
+void *AVL_Malloc_Key8(const void *key, void *context) { return make<Form{key_off, 8}>(key, context); }
+void *AVL_Malloc_KeyString(const void *key, void *context) { return make<Form{string_key_off, 0}>(key, context); }
+void *AVL_Malloc_CountKey4(const void *key, void *context) { return make<Form{count_key_off, 4, true}>(key, context); }
+void *AVL_Malloc_CountKey8(const void *key, void *context) { return make<Form{count_key_off, 8, true}>(key, context); }
+void *AVL_Malloc_CountKeyString(const void *key, void *context) {
+    return make<Form{count_key_off, 0, true, 3}>(key, context);
+}
+
+constinit const AVL_NodeFuncs AVL_NodeFuncsKey4 = plain(AVL_Malloc_Key4);
+constinit const AVL_NodeFuncs AVL_NodeFuncsKey8 = plain(AVL_Malloc_Key8);
+constinit const AVL_NodeFuncs AVL_NodeFuncsKeyString = plain(AVL_Malloc_KeyString);
+constinit const AVL_NodeFuncs AVL_NodeFuncsCountKey4 = counted(AVL_Malloc_CountKey4);
+constinit const AVL_NodeFuncs AVL_NodeFuncsCountKey8 = counted(AVL_Malloc_CountKey8);
+constinit const AVL_NodeFuncs AVL_NodeFuncsCountKeyString = counted(AVL_Malloc_CountKeyString);
 
 // Saturates at the largest count.
 void *AVL_Realloc_CountUp(void *node, const void *, void *) {

@@ -31,6 +31,12 @@ extern const AVL_NodeFuncs AVL_NodeFuncsCountKey4;
 extern const AVL_NodeFuncs AVL_NodeFuncsCountKey8;
 extern const AVL_NodeFuncs AVL_NodeFuncsCountKeyString;
 
+void *AVL_Malloc_Key4(const void *key, void *context);
+void *AVL_Malloc_Key8(const void *key, void *context);
+void *AVL_Malloc_KeyString(const void *key, void *context);
+void *AVL_Malloc_CountKey4(const void *key, void *context);
+void *AVL_Malloc_CountKey8(const void *key, void *context);
+void *AVL_Malloc_CountKeyString(const void *key, void *context);
 void *AVL_Realloc_CountUp(void *node, const void *key, void *context);
 void *AVL_Free_CountDown(void *node, const void *key, void *context);
 }
