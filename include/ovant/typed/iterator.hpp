@@ -18,7 +18,7 @@ _GLIBCXX_END_NAMESPACE_VERSION
 #endif
 
 namespace ovant {
-template <bool Unique, auto Link, auto Key, class Compare, class Dispose> class ordered;
+template <bool, auto, auto, class, class> class ordered;
 }
 
 namespace ovant::typed {
