@@ -11,7 +11,8 @@
 #endif
 
 #if OVANT_CHECKS
-#include <err.h>
+#include <stdio.h>
+#include <stdlib.h>
 #endif
 
 namespace ovant::typed {
@@ -22,8 +23,8 @@ inline constexpr bool checks = OVANT_CHECKS;
 inline void require([[maybe_unused]] bool holds, [[maybe_unused]] const char *what) {
 #if OVANT_CHECKS
     if (!holds) {
-        warnx("ovant: %s", what);
-        __builtin_abort();
+        fprintf(stderr, "ovant: %s\n", what);
+        abort();
     }
 #endif
 }
