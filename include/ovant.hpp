@@ -46,9 +46,9 @@
 namespace ovant {
 
 template <auto Link, auto Key = itself{}, class Compare = std::compare_three_way, class Dispose = unowned>
-using set = ordered<true, Link, Key, Compare, Dispose>;
+using set = ordered<typed::record_of<Link, Key>, true, Link, Key, Compare, Dispose>;
 
 template <auto Link, auto Key = itself{}, class Compare = std::compare_three_way, class Dispose = unowned>
-using multiset = ordered<false, Link, Key, Compare, Dispose>;
+using multiset = ordered<typed::record_of<Link, Key>, false, Link, Key, Compare, Dispose>;
 
 } // namespace ovant

@@ -18,7 +18,7 @@ _GLIBCXX_END_NAMESPACE_VERSION
 #endif
 
 namespace ovant {
-template <bool, auto, auto, class, class> class ordered;
+template <class, bool, auto, auto, class, class> class ordered;
 }
 
 namespace ovant::typed {
@@ -93,7 +93,7 @@ private:
     template <class> friend class update;
     template <class> friend class whole;
     template <class, bool> friend class interval;
-    template <bool, auto, auto, class, class> friend class ovant::ordered;
+    template <class, bool, auto, auto, class, class> friend class ovant::ordered;
 
     static constexpr engine::Side Left = engine::Side::left, Right = engine::Side::right;
 

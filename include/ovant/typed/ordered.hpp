@@ -7,9 +7,9 @@
 namespace ovant {
 
 // An ordered container of records that carry their own links; ovant.hpp says more.
-template <bool Unique, auto Link, auto Key, class Compare, class Dispose>
-class ordered : public typed::whole<typed::traits<Unique, Link, Key, Compare, Dispose>> {
-    using Traits = typed::traits<Unique, Link, Key, Compare, Dispose>;
+template <class Record, bool Unique, auto Link, auto Key, class Compare, class Dispose>
+class ordered : public typed::whole<typed::traits<Record, Unique, Link, Key, Compare, Dispose>> {
+    using Traits = typed::traits<Record, Unique, Link, Key, Compare, Dispose>;
     using Base = typed::whole<Traits>;
     using Base::in_front, Base::nodes, Base::record, Base::root_, Base::set_root;
     using typename Base::Entry, typename Base::Node, typename Base::Side, typename Base::T, typename Base::Path;

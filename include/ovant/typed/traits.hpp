@@ -73,13 +73,17 @@ struct quiet<T, Compare, Key, keys_of<First, Rest...>> {
     template <class K> static constexpr bool with = part<K>::value;
 };
 
-template <bool Unique, auto Link, auto Key, class Compare, class Dispose> struct traits {
+template <auto Link, auto Key>
+using record_of =
+    record<typename class_of<decltype(Link)>::type, typename class_of<std::remove_cv_t<decltype(Key)>>::type>;
+
+// Record is record_of<Link, Key>, named again: g++ takes a class for local to a file by its type arguments, not by the
+// class of a member, and would have two records of one name in unnamed namespaces share one code.
+template <class Record, bool Unique, auto Link, auto Key, class Compare, class Dispose> struct traits {
     static_assert(is_link_member<decltype(Link)>,
                   "ovant: the first argument is a pointer to a member of type ovant::link, as in &Event::link");
-    using record_of =
-        record<typename class_of<decltype(Link)>::type, typename class_of<std::remove_cv_t<decltype(Key)>>::type>;
-    static_assert(record_of::related, "ovant: the link and the key are members of unrelated classes");
-    using value_type = typename record_of::type;
+    static_assert(Record::related, "ovant: the link and the key are members of unrelated classes");
+    using value_type = typename Record::type;
     using facts = key_facts<Key, value_type, Compare>;
     static_assert(facts::exists, "ovant: the key is a member of the record, a const member function without arguments, "
                                  "a function that takes a record, or ovant::keys of such");
