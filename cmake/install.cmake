@@ -8,7 +8,7 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ovant)
 set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
-install(FILES include/ovant.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev)
+install(FILES include/ovant.h include/ovant_idioms.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev)
 install(TARGETS ovant EXPORT ovant LIBRARY COMPONENT runtime NAMELINK_COMPONENT dev)
 install(TARGETS ovant_static EXPORT ovant ARCHIVE COMPONENT dev)
 install(EXPORT ovant FILE ovant-targets.cmake NAMESPACE ovant:: DESTINATION ${package_dir} COMPONENT dev)

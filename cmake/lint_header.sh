@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The public header compiles alone, without a warning, in each language and by each compiler that we support.
+# The public headers compile alone, without a warning, in each language and by each compiler that we support.
 set -euo pipefail
 cd "$(dirname "$0")/../include"
 failed=0
@@ -10,8 +10,11 @@ for language in c99 c11 c++17 c++20; do
         c++*:clang) compiler=(clang++ -x c++) ;;
         *) compiler=("$family" -x c) ;;
         esac
-        "${compiler[@]}" "-std=$language" -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fsyntax-only \
-            -include ovant.h /dev/null -I. || { echo "ovant.h: not clean as $language by ${compiler[0]}" >&2; failed=1; }
+        for header in ovant.h ovant_idioms.h 'ovant_idioms.h -DOVANT_NO_SHORT_NAMES'; do
+            read -ra include <<<"-include $header"
+            "${compiler[@]}" "-std=$language" -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -fsyntax-only \
+                "${include[@]}" /dev/null -I. || { echo "$header: not clean as $language by ${compiler[0]}" >&2; failed=1; }
+        done
     done
 done
 exit $failed

@@ -15,7 +15,8 @@
  *     AVL_Destruktor(tree);
  *
  * For everyday work that is nearly all: insert, search, walk, remove.  Positions, ranges and trees that are cut and
- * joined come further down.  Read the conventions once; the contracts below rest on them.
+ * joined come further down; what hosts often make of them is ready in ovant_idioms.h, which ovant_... below refers to.
+ * Read the conventions once; the contracts below rest on them.
  *
  * CONVENTIONS
  *
@@ -41,8 +42,8 @@
  *   path to a node   Node is the node, Dir is DIR_HERE
  *   open Pfad        Node is 0: the path has run into an empty link.  The entries below lead from Root to the node
  *                    whose link it is, and that node's Dir says which; a new node can be hung there (AVL_InsertStack)
- *   empty Pfad       the bottom entry with Node 0: no node qualifies.  In a tree that has nodes it is not open: its
- *                    bottom entry no longer holds Root (tree->Root is unharmed), so nothing may be hung there
+ *   empty Pfad       the bottom entry with Node 0: no node qualifies.  Nothing may be hung there: the 0 has replaced
+ *                    the root in the Stack, so no way leads to a free link (tree->Root is unharmed)
  * In an empty tree open and empty Pfad are the same thing.
  *
  * The Stack: a tree has one path stack, made with the tree and large enough for any tree that fits into memory.  Every
@@ -71,9 +72,13 @@
  * Threads: there are no locks.  One tree object with its Stack and all its holds belongs to one thread at a time;
  * separate trees are independent.  What uses the Stack counts as a writer, though it may change no node.  The searches,
  * AVL_MaxDeepth and AVL_GetString only read, so they may run side by side while nobody writes.
+ * Signal handlers: one may search a tree that the interrupted code only searches, and do more to a tree that is used
+ * only while the signal is blocked.  Not for it is what allocates, releases, prints or asks the locale: making and
+ * ending trees and path stacks, texts, AVL_..._FreeMem, AVL_CMP_String_Upper, AVL_CMP_PtrTString, Gen_SysError.
  *
  * Callbacks: comparator, handlers and formatter run inside the operation that called them.  They must not call anything
- * that uses the Stack of the same tree; other trees are free to them.
+ * that uses the Stack of the same tree; other trees are free to them.  They must return: an exception or a longjmp that
+ * leaves one is undefined, and may leave a tree in pieces.
  *
  * Arguments: a tree is never 0.  A result of 0 where a pointer or a node is promised means none.
  */
@@ -88,6 +93,12 @@
 #else
 #define OVANT_API
 #endif
+
+/* The release that this header belongs to, for #if; 1.3.0 is 10300.  AVL_TestVersion asks the library at run time. */
+#define OVANT_VERSION_MAJOR 1
+#define OVANT_VERSION_MINOR 3
+#define OVANT_VERSION_PATCH 0
+#define OVANT_VERSION (OVANT_VERSION_MAJOR * 10000 + OVANT_VERSION_MINOR * 100 + OVANT_VERSION_PATCH)
 
 #ifdef __cplusplus
 extern "C" {
@@ -108,10 +119,18 @@ typedef struct AVL_Link {
 #pragma pack(pop)
 
 /* Values of AVL_PfadEntry.Dir: what was done at the entry's node. */
-#define DIR_NEW (-2)  /* not yet visited: above the position of a walk, and in the sentinel below a stack */
-#define DIR_LEFT (-1) /* the path goes on into Left */
-#define DIR_HERE 0    /* the path ends at this node */
-#define DIR_RIGHT 1   /* the path goes on into Right */
+#define OVANT_DIR_NEW (-2)  /* not yet visited: above the position of a walk, and in the sentinel below a stack */
+#define OVANT_DIR_LEFT (-1) /* the path goes on into Left */
+#define OVANT_DIR_HERE 0    /* the path ends at this node */
+#define OVANT_DIR_RIGHT 1   /* the path goes on into Right */
+
+/* The short names, which a host that has other uses for them leaves out by OVANT_NO_SHORT_NAMES. */
+#ifndef OVANT_NO_SHORT_NAMES
+#define DIR_NEW OVANT_DIR_NEW
+#define DIR_LEFT OVANT_DIR_LEFT
+#define DIR_HERE OVANT_DIR_HERE
+#define DIR_RIGHT OVANT_DIR_RIGHT
+#endif
 
 /* One entry of a path stack, 16 bytes with 64-bit pointers.  The host reads entries and never writes one. */
 typedef struct AVL_PfadEntry {
@@ -125,6 +144,10 @@ typedef struct AVL_Tree AVL_Tree;
  *   -1   left of it     0   here, a match     +1   right of it
  * Nothing else may come back.  node_key is node + KeyOff, the address of the key inside the node; key is the key word
  * of the operation.  The library never compares two nodes, so the two may have different forms.
+ * The sign is that of strcmp(key, node_key), smallest first; strcmp(node_key, key) puts the largest first.
+ * AVL_CMP_String_to_Norm makes one of the three answers of either.
+ * No branch in it should depend on a key: where ?: becomes one, (k > n) - (k < n) takes 0.65 of the time of a search at
+ * random keys and 0.9 where the way can be foreseen (double, gcc 12; docs/recipes.md).
  */
 typedef int (*AVL_CmpFunc)(const void *node_key, const void *key);
 
@@ -210,6 +233,8 @@ OVANT_API AVL_Tree *AVL_Dup(AVL_Tree *tree);
 /* AVL_Copy: a new empty tree of the same kind, with the layout, handlers, comparator and error callback of tree.
  * It has one hold and a Stack of its own, and no node: nodes are not copied.  Leaves tree and its Stack.
  * The caller owns the hold and ends it with AVL_Destruktor.  0 without memory, and nothing half-made remains.
+ * A copy into which ovant_put_tree puts the Root of tree is a second position in the same nodes: both may walk and
+ * search until either of them changes a node.
  */
 OVANT_API AVL_Tree *AVL_Copy(const AVL_Tree *tree);
 
@@ -269,6 +294,8 @@ OVANT_API void AVL_Kill_FreeMem(void *node, void *context);
 /* A tree makes its own Stack; these are for hosts that keep stacks besides, and for sums about trees.  A stack for
  * depth d has d + 1 usable entries and, below the pointer, a sentinel with Node 0 and Dir DIR_NEW.  Stacks belong to
  * the caller, who ends them with free_Stack alone.  No tree, comparator or handler plays a part.
+ * No operation takes such a stack.  It holds a copy of a path, to be looked at when the tree's Stack has gone on, or
+ * the path of a descent that the host makes itself.  A second position to walk from needs a second tree: see AVL_Copy.
  */
 
 /* malloc_Stack_Deepth: a new stack for paths of depth nodes; a depth below 0 counts as 0.  0 without memory. */
@@ -363,6 +390,7 @@ OVANT_API void AVL_VirtualNull(void);
  * AVL_InsertGetKey, below with removal, takes out what it finds: a toggle.  The match is the first node for which Cmp
  * answers 0 on the way down, so of several equal nodes the one nearest to the root.
  * Where a node goes in, Malloc(key, context) is called once, after the comparisons, and its node is returned.
+ * A node that comes back from a tree must be cleared first (ovant_clear): its old header would bring old links along.
  * One comparison per level until a match ends them, then a climb that stops where the height no longer changes, with at
  * most one rotation.  Uses the Stack.  The node belongs to the host as before, now linked in the tree.
  * Calls back Cmp, then Malloc.  0 where Malloc gave 0: the tree is as it was.
@@ -400,6 +428,9 @@ OVANT_API void *AVL_InsertSearchKey(AVL_Tree *tree, const void *key, void *conte
  *   key absent    the new node
  *   key present   what Realloc(match, key, context) returned; another node than the match is linked in its place
  * For a present key no Balance and no shape changes.  Calls back Realloc there in place of Malloc; it never gives 0.
+ * The Realloc of the ready tables gives context, which must hold the match's link header by then: a fresh node, with a
+ * cleared one, cuts off all nodes below the match.  A table with AVL_Realloc_RetGivenHandle leaves the match where it
+ * is; ovant_replace copies the header and so puts a fresh node there.
  */
 OVANT_API void *AVL_InsertKey(AVL_Tree *tree, const void *key, void *context);
 
@@ -538,6 +569,10 @@ OVANT_API AVL_PfadEntry *AVL_MakeSuccKey(AVL_Tree *tree, const void *key);
  * A whole walk takes each link at most twice, a single step at most some multiple of H.  No comparison, no handler; no
  * node changes.  Uses the Stack, in which the whole walk lives: between two steps only what leaves the Stack may be
  * called.  A position may be given to AVL_DelPfad or AVL_GetPfad, which ends the walk.
+ * To remove nodes on the way, note the next node, remove this one and walk on from a new path to the noted one:
+ * ovant_path, or AVL_MakeSucc with the removed key where no two nodes match a key.
+ * AVL_WalkSuccPostorder and AVL_WalkPredPreorder do not read the node of a position again: it may be released before
+ * the next step, if the walk goes on to its end and AVL_ClrTree follows.  The other walks read it in the next step.
  * Failure: the four walks that are not inorder report error 24 when they are asked to go on from an end position, an
  * empty Pfad or an empty tree's Pfad; the result is then 0.  0 passed back in starts anew, so test for it.
  */
@@ -612,6 +647,8 @@ OVANT_API AVL_PfadEntry *AVL_WalkUp(AVL_Tree *tree, AVL_PfadEntry *position);
  * One comparison per level.  They leave the Stack, and so a held Pfad, alone, and write nothing at all.  The node stays
  * in the tree.  Call back Cmp alone; an empty tree calls nothing and gives 0.  The match is, as in insertion, the
  * matching node nearest to the root.
+ * AVL_SearchPred and AVL_SearchSucc go one node on from the match, AVL_SearchLess and AVL_SearchGreater one key, past
+ * the whole run.  Where no two nodes match a key they agree, and the first two compare less.
  */
 
 /* AVL_SearchKey: the match, 0 if the key is absent.  Stops at the match. */
@@ -681,8 +718,9 @@ OVANT_API void *AVL_SearchMax(const AVL_Tree *tree);
  * of its equal run, and one and the same where the run is empty:
  *   front boundary   before the first node of the run
  *   back boundary    after the last node of the run
- * In the name of a two-sided range the first word tells how a node must relate to the first bound at least, the second
- * word to the second.  Bounds in the wrong order make an empty range, never a failure.
+ * The name of a two-sided range has a word for its first bound and one for its second: Equal takes in the run of the
+ * bound, Greater and Less leave it out, so EqualLess is first <= x < second.  Bounds in the wrong order make an empty
+ * range, never a failure.
  *
  * Each returns a Pfad, never 0, of one of two shapes:
  *   boundary path   ends one entry below the empty link that is the boundary: the top entry has a node, and its Dir
@@ -852,7 +890,9 @@ OVANT_API int AVL_CMP_SignedShort(const void *node_key, const void *key);
 OVANT_API int AVL_CMP_UnsignedShort(const void *node_key, const void *key);
 /* AVL_CMP_SignedLong: by value, 32 bits on every platform. */
 OVANT_API int AVL_CMP_SignedLong(const void *node_key, const void *key);
-/* AVL_CMP_Time: the same function as AVL_CMP_SignedLong, at the same address: the latest time first. */
+/* AVL_CMP_Time: the same function as AVL_CMP_SignedLong, at the same address: the latest time first, in 32 bits.  For a
+ * time_t of 64 bits take ovant_compare_time.
+ */
 OVANT_API int AVL_CMP_Time(const void *node_key, const void *key);
 /* AVL_CMP_HandleDirekt: by value; key is not an address but the low 32 bits of the key word, 0 included. */
 OVANT_API int AVL_CMP_HandleDirekt(const void *node_key, const void *key);
@@ -886,7 +926,7 @@ OVANT_API int AVL_CMP_String_to_Norm(int value);
  */
 
 /* AVL_CountNode: the number of nodes, in 32 bits.
- * Visits every node; reads no Balance.  Uses the Stack.
+ * Visits every node; reads no Balance.  Uses the Stack: called between two steps of a walk it ends the walk.
  */
 OVANT_API uint32_t AVL_CountNode(AVL_Tree *tree);
 

@@ -1,0 +1,134 @@
+// The idioms over the public interface, held against the order of a tree.  docs/recipes.md shows them at work.
+#include "ovant_idioms.h"
+
+#include "support/check.hpp"
+#include "support/shapes.hpp"
+
+#include <limits>
+
+using namespace ovant;
+using namespace ovant::test;
+
+namespace {
+
+bool is_clear(Node node) { return node && !link_of(node).Left && !link_of(node).Right && !link_of(node).Balance; }
+Node at(const std::vector<Node> &order, std::size_t position) { // position -1 wraps round to no node
+    return position < order.size() ? order[position] : nullptr;
+}
+
+TEST(Idioms, FindThisVeryNodeAmongItsEquals) {
+    for_all_shapes(4, 4, [](const Shape &shape, Keys keys) {
+        Host host;
+        AVL_Tree *const tree = host.tree;
+        const Sapling sapling(host, shape, keys);
+        for (const int side : {OVANT_DIR_LEFT, OVANT_DIR_RIGHT}) {
+            tree->Root = sapling.restore();
+            const Node end = at(sapling.order, side < 0 ? 0 : sapling.order.size() - 1);
+            EXPECT_TRUE(ovant_take(tree, side) == end && (!end || is_clear(end)));
+        }
+        for (std::size_t i = 0; i < sapling.order.size(); i++) {
+            std::vector<Node> order = sapling.order;
+            tree->Root = sapling.restore();
+            const Node node = order[i], equal = host.record(key_of(node)); // which is in no tree
+            const int key = key_of(node), first = key_of(order[0]), other = first < key ? first : key + 1;
+            seen.comparisons = 0;
+            EXPECT_EQ(ovant_path(tree, &key, node)->Node, node);
+            EXPECT_LE(seen.comparisons, 2 * shape.height);
+            EXPECT_EQ(ovant_neighbour(tree, &key, node, OVANT_DIR_LEFT), at(order, i - 1));
+            EXPECT_EQ(ovant_neighbour(tree, &key, node, OVANT_DIR_RIGHT), at(order, i + 1));
+            EXPECT_FALSE(ovant_remove(tree, &key, equal) || ovant_remove(tree, &other, node));
+            EXPECT_FALSE(ovant_neighbour(tree, &key, equal, OVANT_DIR_LEFT));
+            EXPECT_TRUE(sapling.untouched());
+
+            EXPECT_EQ(ovant_remove(tree, &key, node), node);
+            EXPECT_TRUE(is_clear(node) && seen.calls.empty());
+            order.erase(order.begin() + static_cast<std::ptrdiff_t>(i));
+            expect_tree(tree, order);
+        }
+    });
+}
+
+TEST(Idioms, BeginAtAKeyAndReplaceItsMatch) {
+    for_all_shapes(4, 3, [](const Shape &shape, Keys keys) {
+        Host host;
+        AVL_Tree *const tree = host.tree;
+        const Sapling sapling(host, shape, keys);
+        for (int key = keys.first - 5; key <= keys.at(sapling.order.size()); key += 5) {
+            std::vector<Node> order = sapling.order;
+            tree->Root = sapling.restore();
+            const EqualRun run = run_of(order, key);
+            EXPECT_EQ(ovant_from(tree, &key, OVANT_DIR_RIGHT)->Node, at(order, run.front));
+            EXPECT_EQ(ovant_from(tree, &key, OVANT_DIR_LEFT)->Node, at(order, run.back - 1));
+
+            const Node match = AVL_SearchKey(tree, &key), fresh = host.record(key);
+            seen.answer = fresh; // of Malloc and Realloc: what those of the ready tables would give
+            EXPECT_EQ(ovant_replace(tree, &key, fresh), match);
+            EXPECT_FALSE(ovant_replace(tree, &key, fresh)) << "it is there already";
+            EXPECT_TRUE(!match || is_clear(match));
+            if (match)
+                *std::find(order.begin(), order.end(), match) = fresh;
+            else
+                order.insert(order.begin() + static_cast<std::ptrdiff_t>(run.front), fresh);
+            expect_tree(tree, order);
+        }
+    });
+}
+
+TEST(Idioms, MakeOnlyWhatIsNotFoundAndExchangeRoots) {
+    Host host;
+    AVL_Tree *const tree = host.tree;
+    const auto give = [](const void *, void *node) { return node; };
+    const int key = 1;
+    const Node node = host.record(key), other = host.record(key);
+    EXPECT_FALSE(ovant_find_or_make(tree, &key, give, nullptr) || tree->Root);
+    EXPECT_EQ(ovant_find_or_make(tree, &key, give, node), node);
+    EXPECT_EQ(ovant_find_or_make(tree, &key, give, other), node);
+    EXPECT_EQ(ovant_put_tree(tree, other), node);
+    EXPECT_TRUE(tree->Root == other && ovant_put_tree(tree, nullptr) == other && !tree->Root);
+}
+
+template <class T> void expect_ascending(AVL_CmpFunc compare) {
+    using Limits = std::numeric_limits<T>;
+    const T values[] = {Limits::min(), static_cast<T>(Limits::min() + 1), 0, 1, Limits::max() / 2, Limits::max()};
+    char node_key[1 + sizeof(T)], key[1 + sizeof(T)]; // the one or the other is at an odd address
+    for (const T &in_node : values)
+        for (const T &sought : values) {
+            store(node_key, 1, in_node);
+            store(key, 0, sought);
+            EXPECT_EQ(compare(node_key + 1, key), sought < in_node ? -1 : sought > in_node) << in_node << ' ' << sought;
+        }
+}
+TEST(Idioms, ComparatorsPutTheSmallestFirst) {
+    expect_ascending<std::int32_t>(ovant_compare_int32);
+    expect_ascending<std::int64_t>(ovant_compare_int64);
+    expect_ascending<std::uint64_t>(ovant_compare_uint64);
+    expect_ascending<std::time_t>(ovant_compare_time);
+    expect_ascending<std::uintptr_t>(ovant_compare_pointer);
+}
+
+struct Job {
+    char pad;
+    AVL_Link link;
+    std::int32_t prio;
+};
+OVANT_TYPED(jobs, Job, link, prio, ovant_compare_int32);
+
+TEST(Idioms, TypedWrappersAreTheOperationsTheyName) {
+    AVL_Tree *const tree = jobs_new();
+    Job job[] = {{0, {}, 1}, {0, {}, 2}, {0, {}, 2}, {0, {}, 2}, {0, {}, 3}}, spare = {0, {}, 2};
+    for (Job *j : {&job[4], &job[1], &job[0], &job[2], &job[3]}) // equal ones in the order of the array
+        EXPECT_EQ(jobs_insert(tree, j), j);
+    for (int i = 0; i < 5; i++) {
+        EXPECT_EQ(jobs_next(tree, &job[i]), i < 4 ? &job[i + 1] : nullptr);
+        EXPECT_EQ(jobs_prev(tree, &job[i]), i > 0 ? &job[i - 1] : nullptr);
+    }
+    EXPECT_TRUE(jobs_lower_bound(tree, &spare.prio) == &job[1] && jobs_upper_bound(tree, &spare.prio) == &job[4]);
+    EXPECT_TRUE(jobs_first(tree) == &job[0] && jobs_last(tree) == &job[4] && jobs_at(AVL_MakeMax(tree)) == &job[4]);
+    Job *const found = jobs_find(tree, &spare.prio);
+    EXPECT_TRUE(jobs_insert_unique(tree, &spare) == found && jobs_replace(tree, &spare) == found);
+    EXPECT_TRUE(!jobs_remove(tree, found) && jobs_remove(tree, &spare) == &spare);
+    EXPECT_TRUE(jobs_take_first(tree) == &job[0] && jobs_take_last(tree) == &job[4]);
+    AVL_Destruktor(tree);
+}
+
+} // namespace
