@@ -575,6 +575,7 @@ OVANT_API AVL_PfadEntry *AVL_MakeSuccKey(AVL_Tree *tree, const void *key);
  * the next step, if the walk goes on to its end and AVL_ClrTree follows.  The other walks read it in the next step.
  * Failure: the four walks that are not inorder report error 24 when they are asked to go on from an end position, an
  * empty Pfad or an empty tree's Pfad; the result is then 0.  0 passed back in starts anew, so test for it.
+ * Damaged links: a walk or a single step that would go deeper than any tree gives the end position instead.
  */
 
 /* AVL_WalkSuccInorder: the next position of tree order: Left subtree, node, Right subtree.
@@ -922,16 +923,18 @@ OVANT_API int AVL_CMP_String_to_Norm(int value);
 
 /* ---- Shape measures -------------------------------------------------------------------------------------------- */
 /* What a tree looks like.  They read links and Balance bytes, never a key, change no node and call no comparator and no
- * handler; on the empty tree all give 0 but AVL_CheckBalance, which gives 1.
+ * handler; on the empty tree all give 0 but AVL_CheckBalance, which gives 1.  They end on any links that lead to nodes.
  */
 
 /* AVL_CountNode: the number of nodes, in 32 bits.
+ *   links that make no tree   UINT32_MAX, or the number of ways to all nodes
  * Visits every node; reads no Balance.  Uses the Stack: called between two steps of a walk it ends the walk.
  */
 OVANT_API uint32_t AVL_CountNode(AVL_Tree *tree);
 
 /* AVL_MaxDeepth: the height, as the Balance bytes tell it.
  *   a Balance outside -1, 0, +1   the node counts as level; the result is then no measure
+ *   links in a circle             a height that no tree can have
  * One descent of at most H steps on the lower side.  Leaves the Stack, and so a held Pfad, alone.
  */
 OVANT_API signed char AVL_MaxDeepth(const AVL_Tree *tree);
@@ -939,11 +942,13 @@ OVANT_API signed char AVL_MaxDeepth(const AVL_Tree *tree);
 /* AVL_MinDeepth: the number of nodes on the shortest way from the root to an empty link: 1 for a root with one child.
  *   a Balance outside -1, 0, +1   reported as (5, 20), and the node's children are passed over; 127 if no empty link
  *                                 was reached at all
+ *   links that make no tree       what was found until that showed
  * Visits the nodes above the best depth found so far.  Uses the Stack.  Calls back Error for the report.
  */
 OVANT_API signed char AVL_MinDeepth(AVL_Tree *tree);
 
 /* AVL_CheckBalance: 1 if every Balance is true and lies in -1, 0, +1, else 0; a test for hosts that suspect damage.
+ *   links that make no tree   0, but a node with two links to it can go unnoticed where the heights fit
  * Visits every node, up to the first contradiction.  Uses the Stack.  Reports nothing.
  */
 OVANT_API int AVL_CheckBalance(AVL_Tree *tree);
@@ -979,6 +984,7 @@ OVANT_API char *AVL_GetString(const AVL_Tree *tree, const AVL_PfadEntry *positio
  * So start_key is the right bound, exclusive, and end_key the left bound, inclusive, for a walker that goes leftward.
  * One comparison per node with an end_key, and those of AVL_MakePred with a start_key.  Uses the Stack.
  * Calls back Cmp, walker and formatter.  Allocates nothing, and does not look at the stream's errors.
+ * Damaged links: ends early when the walker comes to the same nodes over and over.
  */
 OVANT_API void AVL_TreeWrite(AVL_Tree *tree, void *context, AVL_WalkFunc walker, AVL_FormatFunc formatter, FILE *stream,
                              int width, const void *start_key, const void *end_key);

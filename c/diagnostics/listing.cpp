@@ -1,6 +1,7 @@
 // A position as a picture, and a tree lying on its side, line by line.
 #include "frame/depth.hpp"
 #include "frame/nodes.hpp"
+#include "ovant/engine/measure.hpp"
 
 #include <algorithm>
 #include <cstdio>
@@ -16,6 +17,10 @@ constexpr char mark_format[] = "+%2.1d+";     // filled with the balance
 constexpr std::size_t longest_mark = 6;       // "+-128+"
 constexpr std::size_t formatter_buffer = 268; // what a formatter may count on
 constexpr int default_field = 124;
+
+// A host's walker may come to a node before, between and after its subtrees: twice more for each of the nodes that
+// Repeats remembers, which are fewer than half of this in a listing of any length.
+constexpr int most_repeats = 256;
 
 // Room for the picture of the deepest node that a tree can have.
 constexpr std::size_t picture_buffer =
@@ -61,9 +66,14 @@ void AVL_TreeWrite(AVL_Tree *tree, void *context, AVL_WalkFunc walker, AVL_Forma
     char buffer[formatter_buffer];
     const int field = width > 8 ? width - 8 : default_field; // the line number takes 8 columns
 
+    Repeats repeats;
+    int repeated = 0;
     unsigned long line = 0;
     for (Entry *position = start_key ? AVL_MakePred(tree, start_key) : walker(tree, nullptr);
          position && position->Node; position = walker(tree, position), ++line) {
+        repeated += repeats(position->Node) ? 1 : 0;
+        if (repeated > most_repeats)
+            break;
         const char *const node = static_cast<const char *>(position->Node);
         if (end_key && tree->Cmp(node + tree->KeyOff, end_key) == DIR_RIGHT)
             break;

@@ -33,7 +33,7 @@ template <Side S, Key K> Entry *neighbour(AVL_Tree *tree, const void *key) {
 }
 
 template <Side S> Entry *extreme(AVL_Tree *tree) {
-    return tree->Root ? here(push_spine<S>(Nodes(tree), tree->Stack, tree->Root)) : AVL_MakeRoot(tree);
+    return tree->Root ? spine_or_end<S>(tree, tree->Stack, tree->Root) : AVL_MakeRoot(tree);
 }
 
 } // namespace

@@ -10,8 +10,23 @@ namespace {
 template <Side F> Entry *inorder(AVL_Tree *tree, Entry *position) {
     if (!position)
         return F == Side::right ? AVL_MakeMin(tree) : AVL_MakeMax(tree);
-    Entry *const next = ovant::engine::step<F>(Nodes(tree), tree->Stack, position);
-    return next ? next : empty_pfad(tree);
+    if (position->Node) {
+        if (const Node next = Nodes(tree).child<F>(position->Node)) {
+            if (position == last_entry(tree)) [[unlikely]]
+                return too_deep(tree);
+            position->Dir = sign(F);
+            return spine_or_end<!F>(tree, position + 1, next);
+        }
+    }
+    do { // up to the first ancestor that the path left away from F; the sentinel below the stack has neither Dir
+        --position;
+        while (position->Dir == sign(F))
+            --position;
+        asm("" : "+r"(position));
+        if (position->Dir == sign(!F)) [[likely]]
+            return here(position);
+    } while (position >= tree->Stack);
+    return empty_pfad(tree);
 }
 
 } // namespace
@@ -32,7 +47,7 @@ AVL_PfadEntry *AVL_WalkSuccPreorder(AVL_Tree *tree, AVL_PfadEntry *position) {
     }
     const Nodes nodes(tree);
     if (nodes.child<Side::left>(position->Node))
-        return step_down(nodes, position, Side::left, DIR_HERE);
+        return down_or_end(tree, position, Side::left, DIR_HERE);
     while (!nodes.child<Side::right>(position->Node)) {
         do { // up to the nearest node whose right subtree is still to come
             if (position == tree->Stack)
@@ -40,5 +55,5 @@ AVL_PfadEntry *AVL_WalkSuccPreorder(AVL_Tree *tree, AVL_PfadEntry *position) {
             --position;
         } while (position->Dir != DIR_LEFT);
     }
-    return step_down(nodes, position, Side::right, DIR_HERE);
+    return down_or_end(tree, position, Side::right, DIR_HERE);
 }

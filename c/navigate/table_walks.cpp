@@ -41,18 +41,18 @@ constexpr Table pred_postorder{
 };
 
 Entry *step(AVL_Tree *tree, const Table &table, Entry *entry) {
-    const Nodes nodes(tree);
     while (entry >= tree->Stack) {
         if (!entry->Node) { // an empty child, or an open Pfad: done
             --entry;
             continue;
         }
-        switch (table.on(entry->Dir)) {
+        const Action action = table.on(entry->Dir);
+        switch (action) {
         case Action::left:
-            entry = step_down(nodes, entry, Side::left, DIR_NEW);
-            break;
         case Action::right:
-            entry = step_down(nodes, entry, Side::right, DIR_NEW);
+            entry = down_or_end(tree, entry, action == Action::left ? Side::left : Side::right, DIR_NEW);
+            if (entry == tree->Stack)
+                return entry;
             break;
         case Action::visit:
             return here(entry);

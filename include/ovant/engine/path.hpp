@@ -25,9 +25,13 @@ template <class Nodes, class Entry> Entry *step_down(Nodes nodes, Entry *top, Si
 }
 
 // Goes down from n, which is not 0, along S to the end of the spine and writes each node met, from the entry top on.
-// Returns the last entry written; with Dirs those below it get S, and its own Dir is left to the caller.
-template <Side S, bool Dirs = true, class Nodes, class Entry> Entry *push_spine(Nodes nodes, Entry *top, Node n) {
+// Returns the last entry written; with Dirs those below it get S, and its own Dir is left to the caller.  Returns 0
+// where the spine leads on behind the entry `last`, if there is one.
+template <Side S, bool Dirs = true, class Nodes, class Entry>
+Entry *push_spine(Nodes nodes, Entry *top, Node n, const Entry *last = nullptr) {
     for (top->Node = n; (n = nodes.template child<S>(n)) != nullptr; top->Node = n) {
+        if (top == last) [[unlikely]]
+            return nullptr;
         if constexpr (Dirs)
             top->Dir = sign(S);
         ++top;

@@ -59,7 +59,10 @@ protected:
     template <class D> static void dispose_of(Node root, const D &dispose) {
         if constexpr (!std::is_same_v<D, unowned>) {
             Path work;
-            engine::sweep(nodes(), work.entries, root, [&](Node n) { dispose(record(n)); });
+            engine::sweep(nodes(), work.entries, work.entries + Traits::height + 1, root, [&](Node n) {
+                dispose(record(n));
+                return true;
+            });
         }
     }
 

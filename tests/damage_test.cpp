@@ -1,0 +1,119 @@
+// Links that lead to nodes but make no tree: what looks at them ends, stays in the stack and tells the truth.
+#include "frame/depth.hpp"
+#include "support/check.hpp"
+#include "support/shapes.hpp"
+
+#include <set>
+#include <unistd.h>
+
+using namespace ovant::test;
+using ovant::c::tree_depth;
+
+namespace {
+
+// What a recursion sees, down to where it takes the links for a circle.
+struct Told {
+    std::set<Node> nodes;
+    std::size_t ways = 0;
+    int shortest = 127;
+    bool circle = false, deep = false, sound = true;
+    int height(Node node, int level = 0) {
+        if (!node)
+            shortest = std::min(shortest, level);
+        deep = deep || (node && level > tree_depth);
+        circle = circle || level > 250;
+        if (!node || circle)
+            return 0;
+        ways++;
+        nodes.insert(node);
+        const AVL_Link link = link_of(node);
+        const int left = height(link.Left, level + 1), right = height(link.Right, level + 1);
+        sound = sound && link.Balance == right - left && std::abs(link.Balance) <= 1;
+        return 1 + std::max(left, right);
+    }
+};
+
+std::size_t killed;
+void clear_late(Node node, void *) { // a deletion goes round in a circle for a while, then finds cleared nodes
+    if (++killed > 1000)
+        set_link(node, nullptr, nullptr, 0);
+}
+
+// Endless: with more ways than a recursion can go.
+void look_at(AVL_Tree copy, Node root, bool endless) {
+    static constexpr AVL_NodeFuncs handlers = {on_malloc, on_realloc, on_free, clear_late};
+    AVL_Tree *const tree = &copy;
+    Told told;
+    told.circle = endless;
+    told.height(root);
+    const bool counts = !endless && !told.deep, is_tree = counts && told.ways == told.nodes.size();
+    std::vector<Entry> stack(202 + static_cast<std::size_t>(tree_depth), Entry{root, 77});
+    stack[100] = {nullptr, DIR_NEW};
+    tree->Stack = &stack[101];
+    tree->Root = root;
+    tree->Funcs = &handlers;
+
+    const auto count = AVL_CountNode(tree);
+    EXPECT_TRUE((count == told.ways && !told.circle) || (!is_tree && count == UINT32_MAX)) << count;
+    const int balanced = AVL_CheckBalance(tree), shortest = AVL_MinDeepth(tree);
+    EXPECT_TRUE((counts && balanced == told.sound) || (!is_tree && balanced == 0));
+    EXPECT_TRUE(!is_tree || shortest == told.shortest) << shortest;
+    EXPECT_LE(AVL_MaxDeepth(tree), tree_depth + 1);
+    const auto no_text = [](char *, void *, void *) -> const char * { return nullptr; };
+    for (const auto walk : {AVL_WalkSuccInorder, AVL_WalkPredInorder, AVL_WalkSuccPreorder, AVL_WalkPredPreorder,
+                            AVL_WalkSuccPostorder, AVL_WalkPredPostorder}) {
+        std::size_t steps = 0;
+        for (Entry *p = walk(tree, nullptr); p && p->Node && steps < 10000; p = walk(tree, p))
+            steps++;
+        EXPECT_TRUE(counts ? steps == told.ways : endless || steps < 10000) << steps;
+        AVL_TreeWrite(tree, nullptr, walk, no_text, nullptr, 0, nullptr, nullptr);
+    }
+    for (const auto step : {AVL_WalkLeft, AVL_WalkRight})
+        for (Entry *p = AVL_MakeRoot(tree); p->Node; p = step(tree, p))
+            ASSERT_LE(p, tree->Stack + tree_depth);
+    killed = 0;
+    AVL_DelTree(tree, nullptr);
+    stack.erase(stack.begin() + 101, stack.end() - 100);
+    const auto untouched = [=](const Entry &e) { return e.Node == root && e.Dir == 77; };
+    EXPECT_EQ(std::count_if(stack.begin(), stack.end(), untouched), 200) << "wrote outside the stack";
+    EXPECT_EQ(stack[100].Dir, DIR_NEW);
+}
+
+TEST(Damage, OneBentLink) {
+    Host host;
+    std::vector<Sapling> all = saplings(host, 3);
+    int nodes = 0;
+    all.emplace_back(host, chosen_shape(6, [&nodes](int) { return nodes++ % 4 < 3 ? 1 : -1; }));
+    alarm(200); // what never ends would end the test
+    for (const Sapling &tree : all)
+        for (std::size_t at = 0; at < 2 * tree.order.size() * (tree.order.size() + 1); at++) {
+            const std::size_t node = at / 2 % tree.order.size(), to = at / 2 / tree.order.size();
+            SCOPED_TRACE(::testing::Message() << "link " << at << " of root " << id_of(tree.root));
+            tree.restore();
+            store(tree.order[node], link_off + at % 2 * sizeof(Node), to ? tree.order[to - 1] : nullptr);
+            look_at(*host.tree, tree.root, false);
+            ASSERT_FALSE(HasFailure());
+        }
+}
+
+// Each node leads to the next one on the left, on the right or on both sides; the last one to another, or nowhere.
+TEST(Damage, Chains) {
+    Host host;
+    std::vector<Node> nodes;
+    for (std::size_t i = 0; i < 200; i++)
+        nodes.push_back(host.record(0));
+    alarm(200);
+    for (const std::size_t length : {60u, 200u})
+        for (const int sides : {1, 2, 3})
+            for (const int balance : {-1, 0, 1})
+                for (const Node end : {Node{}, nodes[0], nodes[length - 1]}) {
+                    SCOPED_TRACE(::testing::Message() << length << ' ' << sides << ' ' << balance << ' ' << end);
+                    for (std::size_t i = 0; i < length; i++) {
+                        const Node next = i + 1 < length ? nodes[i + 1] : end;
+                        set_link(nodes[i], sides & 1 ? next : nullptr, sides & 2 ? next : nullptr, balance);
+                    }
+                    look_at(*host.tree, nodes[0], sides == 3);
+                }
+}
+
+} // namespace
