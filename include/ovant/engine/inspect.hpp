@@ -22,7 +22,8 @@ template <class Nodes> void flip_visited(Nodes nodes, Node n) { nodes.set_balanc
 // its subtrees: each answers whether to go on.  Ends with the entry at which one did not, or 0.  height has room for
 // each level.
 template <class Nodes, class Entry, class Enter, class Leave>
-Entry *tour(Nodes nodes, Entry *bottom, int *height, Node root, Enter enter, Leave leave) {
+Entry *tour(Nodes nodes, Entry *bottom, int *height, // NOLINT(readability-non-const-parameter): it is written
+            Node root, Enter enter, Leave leave) {
     Entry *top = bottom;
     top->Node = root;
     for (;;) {

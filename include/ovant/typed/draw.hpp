@@ -19,11 +19,10 @@ void draw(Nodes nodes, Entry *bottom, engine::Node root, Out &out, Print print) 
         return;
     for (Entry *top = engine::push_spine<Side::right>(nodes, bottom, root); top;
          top = engine::step<Side::left>(nodes, bottom, top)) {
-        for (const Entry *e = bottom; e != top; ++e)
-            if (e + 1 == top)
-                out << (e->Dir > 0 ? "/-- " : "\\-- ");
-            else
-                out << (e->Dir == e[1].Dir ? "    " : "|   ");
+        for (const Entry *e = bottom; e + 1 < top; ++e)
+            out << (e->Dir == e[1].Dir ? "    " : "|   ");
+        if (top != bottom)
+            out << (top[-1].Dir > 0 ? "/-- " : "\\-- ");
         print(out, static_cast<const T &>(*static_cast<T *>(top->Node)));
         const int balance = nodes.balance(top->Node);
         out << (balance > 0 ? " +\n" : balance < 0 ? " -\n" : "\n");

@@ -1,0 +1,132 @@
+// Every public name of the typed face once, in sets and multisets, with each kind of key and comparator: for compilers
+// and clang-tidy, which see in a template only what somebody uses.  Other tests say whether it is right.
+#include <ovant/ranges.hpp>
+
+#include <functional>
+#include <memory>
+#include <ostream>
+#include <ranges>
+#include <utility>
+#include <vector>
+
+namespace {
+
+struct Base {
+    ovant::link by_key;
+};
+struct Item : Base {
+    int key = 0;
+    double weight = 0;
+    ovant::link by_weight;
+
+    int twice() const { return 2 * key; }
+    bool operator==(const Item &other) const { return key == other.key; }
+    auto operator<=>(const Item &other) const { return key <=> other.key; }
+    friend std::ostream &operator<<(std::ostream &out, const Item &item) { return out << item.key; }
+};
+constexpr auto negative = [](const Item &item) { return -item.key; };
+
+template <class Tree> void look_up(Tree &tree, Item &item, const auto &key) {
+    (void)tree.find(key);
+    (void)tree.contains(key);
+    (void)tree.lower_bound(key);
+    (void)tree.upper_bound(key);
+    (void)tree.equal_range(key);
+    (void)tree.first_after(ovant::before(key));
+    (void)tree.count(key);
+    (void)tree.count(ovant::start, ovant::after(key));
+    const auto between =
+        tree.between(ovant::before(key), ovant::partition_point([](const Item &x) { return x.key < 9; }));
+    static_assert(std::ranges::bidirectional_range<decltype(between)> &&
+                  std::ranges::view<std::decay_t<decltype(between)>>);
+    if (between)
+        (void)between.front();
+    for (auto &x : between)
+        (void)x;
+    (void)std::ranges::distance(tree);
+    (void)(tree.cbegin() == tree.cend());
+    for (auto it = tree.rbegin(); it != tree.rend(); it++)
+        (void)it.base();
+    (void)(tree.crbegin() == tree.crend());
+    (void)(--tree.end())->key;
+    (void)tree.front();
+    (void)tree.back();
+    (void)tree.holds(item);
+    (void)tree.iterator_to(item);
+    tree.for_each([](const Item &) {});
+    (void)tree.empty();
+    (void)tree.key_comp();
+    (void)tree.disposer();
+}
+
+template <class Tree> void update(Tree &tree, Item &item, const auto &key) {
+    tree.insert(item);
+    tree.insert(tree.end(), item);
+    tree.insert_before(tree.begin(), item);
+    tree.push_back(item);
+    tree.push_front(item);
+    tree.erase(tree.begin());
+    tree.erase(item);
+    tree.erase(key);
+    tree.extract(tree.cbegin());
+    tree.extract(item);
+    tree.extract(key);
+    tree.pop_front();
+    tree.pop_back();
+    if constexpr (requires { tree.insert_front(item); }) {
+        tree.insert_front(item);
+    } else {
+        tree.insert_or_replace(item);
+        tree.find_or_insert(key, [&item] { return &item; });
+    }
+}
+
+template <class Tree> void whole(Tree &tree, const auto &key, std::ostream &out) {
+    Tree other(tree.key_comp(), tree.disposer());
+    other.assign_sorted(std::vector<Item *>());
+    other.clone_from(tree, [](const Item &x) { return std::make_unique<Item>(x).release(); });
+    other.clear_and_dispose(std::default_delete<Item>());
+    other.adopt(tree.release());
+    if (const auto found = other.check())
+        out << found.reason << found.way << found.record->key;
+    other.draw(out);
+    other.draw(out, [](std::ostream &to, const Item &x) { to << x.key; });
+    swap(tree, other);
+    tree.append(other.split(ovant::before(key)));
+    tree.prepend(other.extract(ovant::start, ovant::finish));
+    tree.merge(other.extract(ovant::after(key), ovant::finish));
+    tree.merge(other);
+    other = tree.extract(ovant::before(key), ovant::after(key));
+    tree.erase(ovant::start, ovant::before(key));
+    tree.erase(ovant::after(key), ovant::finish, [](Item *) {});
+    tree.erase(tree.begin(), tree.extract(tree.begin(), tree.end()).end());
+    other.clear();
+}
+
+template <class Tree> void all(std::ostream &out, const auto &key) {
+    static_assert(sizeof(Tree) == 2 * sizeof(void *));
+    static_assert(std::ranges::bidirectional_range<Tree> && std::ranges::bidirectional_range<const Tree>);
+    Item item;
+    Tree tree;
+    look_up(tree, item, key);
+    look_up(std::as_const(tree), item, key);
+    update(tree, item, key);
+    whole(tree, key, out);
+}
+
+template <auto Link, auto Key, class Compare = std::compare_three_way, class Dispose = ovant::unowned>
+void both(std::ostream &out, const auto &...keys) {
+    (all<ovant::set<Link, Key, Compare, Dispose>>(out, keys), ...);
+    (all<ovant::multiset<Link, Key, Compare, Dispose>>(out, keys), ...);
+}
+
+} // namespace
+
+void everything(std::ostream &out);
+void everything(std::ostream &out) {
+    both<&Item::by_key, &Item::key>(out, 1, 'c');
+    both<&Item::by_weight, &Item::twice, std::less<>>(out, 1, 2.5);
+    both<&Item::by_weight, negative, std::greater<>, std::default_delete<Item>>(out, 1L);
+    both<&Item::by_weight, ovant::itself{}>(out, Item());
+    both<&Item::by_key, ovant::keys<&Item::weight, &Item::twice>>(out, 1.5, ovant::key(1.5, 2));
+}
