@@ -6,6 +6,7 @@
 #include <deque>
 #include <iostream>
 #include <iterator>
+#include <new>
 #include <string>
 #include <string_view>
 
@@ -29,29 +30,45 @@ static int compare_counts(const void *node_key, const void *key) {
     return (count < node) - (count > node);
 }
 
-// Makes a node, once it is known that there is none with the key yet.
-static void *make_word(const void *key, void *words) {
+// Makes a node, once it is known that there is none with the key yet.  No exception passes through the library.
+static void *make_word(const void *key, void *words) try {
     return &static_cast<std::deque<Word> *>(words)->emplace_back(Word{*static_cast<const Letters *>(key), 0, {}, {}});
+} catch (const std::bad_alloc &) {
+    return nullptr; // then nothing is inserted
 }
 
-int main() {
+// A tree that ends where its scope ends.
+struct Tree {
+    AVL_Tree *const tree;
+
+    explicit Tree(AVL_Tree *made) : tree(made) {
+        if (!made)
+            throw std::bad_alloc();
+    }
+    Tree(const Tree &) = delete;
+    ~Tree() { AVL_Destruktor(tree); }
+    operator AVL_Tree *() const { return tree; }
+};
+
+static int count_words() {
     const std::string text(std::istreambuf_iterator<char>(std::cin), {});
     std::deque<Word> words;
 
     AVL_NodeFuncs making = *AVL_GetNodeFuncPtrRetNULL();
     making.Malloc = make_word;
-    AVL_Tree *dictionary =
-        AVL_Konstruktor(offsetof(Word, by_letters), &making, offsetof(Word, letters), compare_letters, nullptr);
-    AVL_Tree *ranking = AVL_Konstruktor(offsetof(Word, by_count), AVL_GetNodeFuncPtrRetNULL(), offsetof(Word, count),
-                                        compare_counts, nullptr);
-    if (!dictionary || !ranking)
-        return std::cerr << "counting: out of memory\n", 1;
+    const Tree dictionary(
+        AVL_Konstruktor(offsetof(Word, by_letters), &making, offsetof(Word, letters), compare_letters, nullptr));
+    const Tree ranking(AVL_Konstruktor(offsetof(Word, by_count), AVL_GetNodeFuncPtrRetNULL(), offsetof(Word, count),
+                                       compare_counts, nullptr));
 
     const char *const blanks = " \t\r\n";
     for (std::size_t at = 0, end = 0; (at = text.find_first_not_of(blanks, end)) != text.npos;) {
         end = std::min(text.find_first_of(blanks, at), text.size());
         const Letters letters(&text[at], end - at);
-        ++static_cast<Word *>(AVL_InsertSearchKey(dictionary, &letters, &words))->count; // found or made
+        auto *const word = static_cast<Word *>(AVL_InsertSearchKey(dictionary, &letters, &words)); // found or made
+        if (!word)
+            throw std::bad_alloc();
+        ++word->count;
     }
     // The stable insertion keeps words of the same count in the order of their letters.
     for (auto at = AVL_WalkSuccInorder(dictionary, nullptr); at->Node; at = AVL_WalkSuccInorder(dictionary, at))
@@ -60,7 +77,10 @@ int main() {
         const Word &word = *static_cast<Word *>(at->Node);
         std::cout << word.count << ' ' << word.letters << '\n';
     }
-    AVL_Destruktor(ranking);
-    AVL_Destruktor(dictionary);
     return std::cout.flush() ? 0 : 1;
+}
+
+int main() try { return count_words(); } catch (const std::bad_alloc &) {
+    std::cerr << "counting: out of memory\n";
+    return 1;
 }

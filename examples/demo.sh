@@ -1,35 +1,41 @@
 #!/usr/bin/env bash
-# demo.sh BUILD_FOLDER: the library at work on this machine's package log, on one screen.
+# demo.sh BUILD_FOLDER: the library at work on this machine's package log and on the sample, on one screen.
 set -euo pipefail
+here=$(dirname "$0")
 build=${1:?usage: $0 BUILD_FOLDER}
 program=$build/examples/logwindow
+sample=$here/sample.log
 log=/var/log/dpkg.log
-[ -s "$log" ] && [ -r "$log" ] && [ "$(wc -l <"$log")" -ge 200 ] || log=$(dirname "$0")/sample.log
+[ -s "$log" ] && [ -r "$log" ] && [ "$(wc -l <"$log")" -ge 200 ] || log=$sample
+
+# The log of a fresh machine may be one burst of some seconds, so what we look at is no longer than that.
+lines=$(wc -l <"$log")
+busiest=$(cut -c1-19 "$log" | uniq -c | sort -rn | awk 'NR == 1 { print $2, $3 }')
+from=$(sed -n "$((lines / 4))p" "$log" | cut -c1-19)
+to=$(sed -n "$((lines * 3 / 4))p" "$log" | cut -c1-19)
 
 show() { printf '\n$ logwindow %s\n' "$*"; }
-first=$(head -1 "$log" | cut -c1-19)
-last=$(tail -1 "$log" | cut -c1-19)
-busiest=$(cut -c1-16 "$log" | sort | uniq -c | sort -rn | awk 'NR == 1 { print $2, $3 }')
-day=${busiest% *}
+printf 'Each line of %s is a record in a tree, and still stands in the block it was read into:\n' "$log"
+printf '%s lines, %s to %s. The busiest second, its last lines:\n' \
+    "$lines" "$(head -1 "$log" | cut -c1-19)" "$(tail -1 "$log" | cut -c1-19)"
+show "--from '$busiest' --to '$busiest' --keep 4 $log"
+"$program" --from "$busiest" --to "$busiest" --keep 4 "$log" | cut -c1-110
 
-printf 'Each line of %s is a node of one tree, and still stands in the block it was read into:\n' "$log"
-printf '%s lines, %s to %s.\n' "$(wc -l <"$log")" "$first" "$last"
+printf '\nThe middle half of the log leaves the tree, and comes back, and leaves again:\n'
+show "--cost --from '$from' --to '$to' $log >middle.log"
+{ "$program" --cost --from "$from" --to "$to" "$log" >/dev/null; } 2>&1
 
-show "--from $day --to '$busiest' --keep 4 $log"
-"$program" --from "$day" --to "$busiest" --keep 4 "$log" | cut -c1-110
-
-show "--tree --to '$busiest' --keep 12 $log"
-"$program" --tree --to "$busiest" --keep 12 "$log" | cut -c1-110
-
-show "--cost --from $day --to $day $log >busy-day.log"
-{ "$program" --cost --from "$day" --to "$day" "$log" >/dev/null; } 2>&1
+printf '\nTwelve lines and the tree that holds them, on its side:\n'
+show "--tree --to '2026-11-22 14:09:41' --keep 12 $sample"
+"$program" --tree --to '2026-11-22 14:09:41' --keep 12 "$sample" | cut -c1-110
 
 cat <<TEXT
 
 Try next:
-  $program --from '$busiest' --to '$busiest' $log
+  $program --from '2026-11-22 14:08:58' --to '2026-11-22 14:09' $sample
   $program --split-by day --into /tmp/by-day --force $log && ls /tmp/by-day
-  tail -50 $log | $program --tree -
-  $build/examples/phonebook        # the smallest host: $(dirname "$0")/phonebook.c
-  $(dirname "$0")/measure.sh $build    # a million lines beside sort
+  $build/examples/orderbook        # prices, queues, a cut at a price: $here/orderbook.cpp
+  $build/examples/expiry           # one record in two trees: $here/expiry.cpp
+  $build/examples/phonebook        # the smallest host in C: $here/phonebook.c
+  $here/measure.sh $build    # a million lines beside sort
 TEXT

@@ -8,8 +8,25 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace std::chrono_literals;
+
+namespace {
+
+// Logs are mostly in order, and then the tree is built as it stands there, without another look at a stamp.  Otherwise
+// most entries still belong at the end, which costs one comparison to find out, and the others are searched for.
+Timeline timeline_of(std::pmr::deque<Entry> &entries) {
+    Timeline timeline;
+    if (std::ranges::is_sorted(entries, {}, &Entry::stamp))
+        timeline.assign_sorted(entries);
+    else
+        for (Entry &entry : entries)
+            timeline.insert(timeline.end(), entry);
+    return timeline;
+}
+
+} // namespace
 
 Progress::Progress() : terminal_(isatty(STDERR_FILENO) != 0), next_(Clock::now() + 1s) {}
 
@@ -50,24 +67,23 @@ int Loader::read(int file, const std::string &name) {
 
 // Makes an entry of each stamped line and what follows up to the next one.  The first entry begins where the file
 // begins, so that lines before the first stamp go with it.
-bool Loader::parse(const std::string &name, Timeline &entries) {
+Timeline Loader::parse(const std::string &name) {
+    auto &entries = entries_.emplace_back();
     const char *line = text_.data(), *const end = line + text_.size();
     Entry *entry = nullptr;
-    for (std::uint64_t count = 0; line < end;) {
+    while (line < end) {
         const auto *feed = static_cast<const char *>(std::memchr(line, '\n', static_cast<std::size_t>(end - line)));
         const char *const next = feed ? feed + 1 : end;
         if (const auto stamp = line_stamp({line, next})) {
-            const char *const start = entry ? line : text_.data();
-            entry = new (arena_.allocate(sizeof(Entry), alignof(Entry))) Entry{*stamp, start, 0, {}};
-            entries.add(*entry);
-            if (++count % 65536 == 0)
-                progress_.show(name, count, "entries");
+            entry = &entries.emplace_back(Entry{*stamp, entry ? line : text_.data(), 0, {}});
+            if (entries.size() % 65536 == 0)
+                progress_.show(name, entries.size(), "entries");
         }
         line = next;
         if (entry)
             entry->length = static_cast<std::size_t>(next - entry->text);
     }
-    return entry != nullptr;
+    return timeline_of(entries);
 }
 
 bool Loader::load(const std::string &path, Timeline &timeline) {
@@ -79,13 +95,12 @@ bool Loader::load(const std::string &path, Timeline &timeline) {
     const int error = read(file, name);
     if (!standard)
         ::close(file);
-    Timeline entries;
-    const bool any = !error && parse(name, entries);
+    Timeline entries = error ? Timeline() : parse(name);
     progress_.hide();
     if (error)
         return complain(name, std::strerror(error));
-    if (!any)
+    if (entries.empty())
         return complain(name, text_.empty() ? "is empty" : "no line starts with a time stamp");
-    timeline.merge(std::move(entries));
+    merge(timeline, std::move(entries));
     return true;
 }

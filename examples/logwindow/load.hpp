@@ -5,12 +5,14 @@
 #include "timeline.hpp"
 
 #include <chrono>
+#include <deque>
 #include <string>
 
 // Shows how far a long load has come, if standard error is a terminal.
 class Progress {
 public:
     Progress();
+    ~Progress() { hide(); }
     void show(const std::string &name, std::uint64_t done, const char *unit);
     void hide();
 
@@ -28,10 +30,11 @@ public:
 
 private:
     int read(int file, const std::string &name); // into text_; an error number or 0
-    bool parse(const std::string &name, Timeline &entries);
+    Timeline parse(const std::string &name);     // out of text_
 
     Progress progress_;
     LargePages pages_;
-    std::pmr::monotonic_buffer_resource arena_{&pages_};
-    std::string_view text_; // of the file in hand
+    std::pmr::monotonic_buffer_resource arena_{LargePages::page, &pages_};
+    std::pmr::deque<std::pmr::deque<Entry>> entries_{&arena_}; // of each file
+    std::string_view text_;                                    // of the file in hand
 };

@@ -21,15 +21,15 @@ template <class Work> Timeline measured(const char *label, Work work) {
     return result;
 }
 
+std::uintmax_t entries_in(const Timeline &timeline) { return timeline.count(ovant::start, ovant::finish); }
+
 // Takes the window out twice: one entry at a time and, when all is back in place, by one cut.
 Timeline cut_and_compare(Timeline &timeline, Span window) {
-    const std::uintmax_t all = AVL_CountNode(timeline.tree());
-    std::fprintf(stderr, "Taking the window out of %ju entries:\n", all);
-    Timeline singly = measured("one by one", [&] { return timeline.cut_singly(window); });
-    timeline.merge(std::move(singly));
-    Timeline cut = measured("by one cut", [&] { return timeline.cut(window); });
-    std::fprintf(stderr, "  it holds %ju entries\n", static_cast<std::uintmax_t>(AVL_CountNode(cut.tree())));
-    return cut;
+    std::fprintf(stderr, "Taking the window out of %ju entries:\n", entries_in(timeline));
+    merge(timeline, measured("one by one", [&] { return cut_singly(timeline, window); }));
+    Timeline result = measured("by one cut", [&] { return cut(timeline, window); });
+    std::fprintf(stderr, "  it holds %ju entries\n", entries_in(result));
+    return result;
 }
 
 int run(const Options &options) {
@@ -40,10 +40,10 @@ int run(const Options &options) {
         good = loader.load(file, timeline) && good;
 
     if (options.drop_before)
-        timeline.drop_before(*options.drop_before);
-    Timeline window = options.cost ? cut_and_compare(timeline, options.window) : timeline.cut(options.window);
+        timeline.erase(ovant::start, ovant::before(*options.drop_before));
+    Timeline window = options.cost ? cut_and_compare(timeline, options.window) : cut(timeline, options.window);
     if (options.keep)
-        window.keep_newest(*options.keep);
+        keep_newest(window, *options.keep);
 
     if (options.split_by)
         good = write_periods(std::move(window), *options.split_by, options.into, options.force) && good;

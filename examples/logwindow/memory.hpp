@@ -11,8 +11,10 @@
 // Blocks on pages as large as the system has them: a million entries touch some 100 MB, and to be given that in small
 // pages takes longer on many machines than all the work on the entries.
 class LargePages : public std::pmr::memory_resource {
+public:
     static constexpr std::size_t page = 1 << 21;
 
+private:
     void *do_allocate(std::size_t size, std::size_t) override {
         const std::size_t rounded = (size + page - 1) / page * page;
         void *const block = rounded >= size ? std::aligned_alloc(page, rounded) : nullptr;

@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -18,24 +19,21 @@ class Writer {
 public:
     explicit Writer(int file) : file_(file) { buffer_.reserve(capacity); }
 
-    void add(std::string_view text) {
+    Writer &operator<<(std::string_view text) {
         if (text.data() != run_.data() + run_.size()) {
             take_run();
             run_ = text;
         } else {
             run_ = {run_.data(), run_.size() + text.size()};
         }
-        if (!text.ends_with('\n')) { // the last line of its file
-            take_run();
-            run_ = "\n";
-        }
+        return *this;
     }
 
-    // The error number of the first failure, 0 if there was none.
-    int finish() {
+    // False after a complaint about the first failure.
+    bool finish(std::string_view name) {
         take_run();
         put(buffer_);
-        return error_;
+        return error_ ? complain(name, std::strerror(error_)) : true;
     }
 
 private:
@@ -68,50 +66,80 @@ private:
     std::string_view run_; // not yet in the buffer
 };
 
-// The first line of an entry, as much of it as the listing prints and no half character at the end.
-const char *first_line(char *buffer, void *node, void *) {
+// The first line of an entry, as much of it as a picture wants and no half character at the end.
+std::string_view first_line(const Entry &entry) {
     constexpr std::size_t most = 80;
-    const std::string_view text = static_cast<const Entry *>(node)->view();
+    const std::string_view text = entry.view();
     std::size_t length = std::min({text.find_first_of("\r\n"), text.size(), most});
     while (length == most && length < text.size() && length && (text[length] & 0xC0) == 0x80)
         --length;
-    std::replace_copy(text.begin(), text.begin() + static_cast<std::ptrdiff_t>(length), buffer, '\0', '?');
-    buffer[length] = '\0';
-    return buffer;
+    return text.substr(0, length);
 }
 
-// Written aside and then moved into place: a full disk leaves the old file as it was.
+// The branches of a tree as the library draws them, a line for each node, the last one first.
+struct Branches {
+    std::vector<std::string> lines{""};
+
+    Branches &operator<<(std::string_view text) {
+        lines.back() += text.substr(0, text.find('\n'));
+        if (text.ends_with('\n'))
+            lines.emplace_back();
+        return *this;
+    }
+};
+
+// A file written aside.  It goes with this object, also where memory is refused, unless it has been moved into place.
+struct Part {
+    std::string path;
+    int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+
+    ~Part() {
+        if (file >= 0)
+            ::unlink(path.c_str());
+    }
+};
+
+// A full disk leaves the old file as it was.
 bool write_file(const Timeline &timeline, const std::string &path) {
-    const std::string part = path + ".part";
-    const int file = ::open(part.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-    if (file < 0)
-        return complain(part, std::strerror(errno));
-    bool good = write_entries(timeline, file, path);
-    if (::close(file) != 0 && good)
+    const Part part{path + ".part"};
+    if (part.file < 0)
+        return complain(part.path, std::strerror(errno));
+    bool good = write_entries(timeline, part.file, path);
+    if (::close(part.file) != 0 && good)
         good = complain(path, std::strerror(errno));
-    if (good && std::rename(part.c_str(), path.c_str()) != 0)
+    if (good && std::rename(part.path.c_str(), path.c_str()) != 0)
         good = complain(path, std::strerror(errno));
-    if (!good)
-        ::unlink(part.c_str());
     return good;
 }
 
 } // namespace
 
-bool write_entries(const Timeline &timeline, int file, const std::string &name) {
+bool write_entries(const Timeline &timeline, int file, std::string_view name) {
     Writer writer(file);
-    timeline.each([&](const Entry &entry) { writer.add(entry.view()); });
-    const int error = writer.finish();
-    return error ? complain(name, std::strerror(error)) : true;
+    timeline.for_each([&](const Entry &entry) {
+        writer << entry.view();
+        if (!entry.view().ends_with('\n')) // the last line of its file
+            writer << "\n";
+    });
+    return writer.finish(name);
 }
 
+// The branches turned over, so that the first entry comes first, and beside them what the entries say.
 bool write_tree(const Timeline &timeline) {
-    const int number = 8, mark = 4, segment = 3; // columns of a line of the listing
-    const int width = number + segment * AVL_MaxDeepth(timeline.tree()) + mark;
-    AVL_TreeWrite(timeline.tree(), nullptr, AVL_WalkSuccInorder, first_line, stdout, width, nullptr, nullptr);
-    if (std::fflush(stdout) != 0 || std::ferror(stdout))
-        return complain("standard output", std::strerror(errno));
-    return true;
+    Branches branches;
+    timeline.draw(branches, [](Branches &out, const Entry &) { out << "o"; });
+    std::size_t width = 0;
+    for (const std::string &line : branches.lines)
+        width = std::max(width, line.size());
+    Writer writer(STDOUT_FILENO);
+    auto line = branches.lines.rbegin(); // the empty one behind them all
+    timeline.for_each([&](const Entry &entry) {
+        for (char &c : *++line)
+            c = c == '/' ? '\\' : c == '\\' ? '/' : c;
+        line->resize(width + 2, ' ');
+        writer << *line << first_line(entry) << "\n";
+    });
+    return writer.finish("standard output");
 }
 
 bool write_periods(Timeline &&timeline, Period period, const std::string &folder, bool force) {
@@ -121,9 +149,9 @@ bool write_periods(Timeline &&timeline, Period period, const std::string &folder
     };
     std::vector<File> files;
     while (!timeline.empty()) {
-        const Stamp start = timeline.first().stamp;
+        const Stamp start = timeline.front().stamp;
         std::string path = folder + "/" + period_name(start, period) + ".log";
-        files.push_back({std::move(path), timeline.cut_before(period_end(start, period))});
+        files.push_back({std::move(path), timeline.extract(ovant::start, ovant::before(period_end(start, period)))});
     }
 
     std::error_code error;

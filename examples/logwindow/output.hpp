@@ -4,8 +4,9 @@
 #include "timeline.hpp"
 
 #include <string>
+#include <string_view>
 
 // Each answers false after a complaint.
-bool write_entries(const Timeline &timeline, int file, const std::string &name);
+bool write_entries(const Timeline &timeline, int file, std::string_view name);
 bool write_tree(const Timeline &timeline);
 bool write_periods(Timeline &&timeline, Period period, const std::string &folder, bool force);
