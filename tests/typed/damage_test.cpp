@@ -6,48 +6,62 @@
 namespace ovant::test {
 namespace {
 
-// The height of what hangs at a node, -1 if anything is wrong with it.
-int sound_height(Node n, std::set<Node> &visited, std::vector<Node> &order) {
-    if (!n)
-        return 0;
-    if (!visited.insert(n).second)
-        return -1;
-    const AVL_Link link = link_of(n);
-    const int left = sound_height(link.Left, visited, order);
-    order.push_back(n);
-    const int right = left < 0 ? -1 : sound_height(link.Right, visited, order);
-    return right < 0 || link.Balance != right - left || std::abs(right - left) > 1 ? -1 : 1 + std::max(left, right);
-}
-template <class Tree> bool is_sound(const Tree &tree) {
-    std::set<Node> visited;
-    std::vector<Node> order;
-    return sound_height(root_of(tree), visited, order) >= 0 &&
-           std::adjacent_find(order.begin(), order.end(), [](Node a, Node b) {
-               return is_set<Tree> ? key_of(a) >= key_of(b) : key_of(a) > key_of(b);
-           }) == order.end();
-}
+// Goes down and back up like the check, the left side first, and blames the first record that cannot be right.
+template <class Tree> class Judge {
+public:
+    explicit Judge(Node root) {
+        height(root);
+        const auto at = std::adjacent_find(order_.begin(), order_.end(), [](Node a, Node b) {
+            return is_set<Tree> ? key_of(a) >= key_of(b) : key_of(a) > key_of(b);
+        });
+        if (!bad && at != order_.end())
+            blame(at[1], "wrong order");
+    }
+    Node bad = nullptr;
+    std::string reason = "sound";
 
-// The verdict is right, the way leads to the record, the reason fits the way, and no byte has changed.
-template <class Tree> finding<Typed> expect_verdict(const Host &host, Tree &tree) {
+private:
+    void blame(Node n, const char *why) {
+        bad = n;
+        reason = why;
+    }
+    int height(Node n) {
+        if (!n || bad)
+            return 0;
+        const AVL_Link link = link_of(n);
+        if (!visited_.insert(n).second)
+            blame(n, std::count(open_.begin(), open_.end(), n) ? "circle" : "shared");
+        else if (std::abs(link.Balance) > 1)
+            blame(n, "wrong balance");
+        open_.push_back(n);
+        const int left = height(link.Left);
+        order_.push_back(n);
+        const int right = height(link.Right);
+        open_.pop_back();
+        if (!bad && link.Balance != right - left)
+            blame(n, "wrong balance");
+        return 1 + std::max(left, right);
+    }
+    std::set<Node> visited_;
+    std::vector<Node> open_, order_;
+};
+
+// The verdict is right, the way leads to the record, and no byte has changed.
+template <class Tree> void expect_verdict(const Host &host, Tree &tree) {
     const auto bytes = host.bytes();
     const finding<Typed> found = tree.check();
+    const Judge<Tree> judge(root_of(tree));
     EXPECT_TRUE(host == bytes);
-    EXPECT_EQ(!found, is_sound(tree));
-    if (!found)
-        return found;
-    std::vector<Node> on_the_way{root_of(tree)};
+    EXPECT_EQ(found.record, judge.bad);
+    EXPECT_EQ(found.reason, judge.reason);
+    Node at = found ? root_of(tree) : nullptr;
     const std::string way = found.way;
-    for (std::size_t at = 0; way != "root" && at < way.size(); at += way[at] == 'l' ? 6 : 7) {
-        const AVL_Link link = link_of(on_the_way.back());
-        on_the_way.push_back(way[at] == 'l' ? link.Left : link.Right);
-    }
-    EXPECT_EQ(on_the_way.back(), found.record) << way;
-    const bool circle = std::count(on_the_way.begin(), on_the_way.end(), found.record) > 1;
-    EXPECT_EQ(std::string(found.reason) == "circle", circle) << way;
-    return found;
+    for (std::size_t i = 0; way != "root" && i < way.size(); i += way[i] == 'l' ? 6 : 7) // "left, right"
+        at = way[i] == 'l' ? link_of(at).Left : link_of(at).Right;
+    EXPECT_EQ(at, found.record) << way;
 }
 
-// Each link of each node bent to each node and to nothing, and each balance set to each value.
+// Each link of each node bent to each node and to nothing, each balance set to each value, each key out of its place.
 template <class Tree> void damage_everywhere(const Shape &shape, Keys keys) {
     Host host;
     const Sapling sapling(host, shape, keys);
@@ -66,21 +80,40 @@ template <class Tree> void damage_everywhere(const Shape &shape, Keys keys) {
         }
         for (int balance = -128; balance < 128; balance++) {
             set_link(n, link.Left, link.Right, balance);
-            const auto found = expect_verdict(host, tree);
-            EXPECT_TRUE(found ? found.record == n && std::string(found.reason) == "wrong balance"
-                              : balance == link.Balance);
+            expect_verdict(host, tree);
         }
         set_link(n, link.Left, link.Right, link.Balance);
-    }
-    for (const Node n : sapling.order) { // out of place: found at itself, or at the next record
         const int key = key_of(n);
-        const std::size_t i = static_cast<std::size_t>(std::find(sapling.order.begin(), sapling.order.end(), n) - sapling.order.begin());
-        for (const int wrong : {keys.first - 1, keys.at(sapling.order.size()) + 1}) {
+        for (const int wrong : {keys.first - 1, key - keys.step, key + keys.step, keys.at(sapling.order.size())}) {
             store(n, key_off, wrong);
-            const auto found = expect_verdict(host, tree);
-            const std::size_t bad = i + (wrong > key);
-            EXPECT_TRUE()
+            expect_verdict(host, tree);
         }
         store(n, key_off, key);
     }
 }
+
+TEST(Damage, IsFoundWhereverItIs) {
+    std::mt19937 random(3);
+    for_all_shapes(3, 3, [](const Shape &shape, Keys keys) {
+        if (keys.run == 1)
+            damage_everywhere<Set<ThreeWay>>(shape, keys);
+        damage_everywhere<Multiset<Predicate>>(shape, keys);
+    });
+    damage_everywhere<Multiset<ThreeWay>>(random_shape(6, random), {2});
+}
+
+TEST(Damage, DeeperThanAnyTreeEndsTheCheck) {
+    Host host;
+    Multiset<ThreeWay> tree;
+    Node chain = nullptr;
+    for (int i = 0; i < 300; i++) {
+        const Node n = host.record(1);
+        set_link(n, nullptr, chain, 0);
+        chain = n;
+    }
+    tree.adopt(static_cast<Typed *>(chain));
+    EXPECT_TRUE(tree.check());
+}
+
+} // namespace
+} // namespace ovant::test

@@ -46,6 +46,7 @@ template <class Nodes, class Next> Node build(Nodes nodes, std::size_t count, Ne
 // made. Both work areas have an entry for each level and one more.
 template <class Nodes, class Entry, class Make>
 bool clone(Nodes nodes, Entry *from, Entry *to, Node original, Make make, Node *root) {
+    static_assert(!Nodes::summarises, "a parent is made before its children");
     Entry *free = from; // what is still to be copied, each with the side it hangs on; beside it, in `to`, the parent
     const auto open = [&](Node n, Node parent, Side s) {
         if (n) {

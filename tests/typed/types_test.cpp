@@ -1,0 +1,216 @@
+// Records, keys and comparators of all kinds; ownership; what the standard library sees.
+#include "ovant/ranges.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using ovant::after, ovant::before, ovant::multiset, ovant::set;
+
+struct Event {
+    int time;
+    std::string text;
+    ovant::link link;
+};
+using Day = multiset<&Event::link, &Event::time>;
+using Interval = decltype(std::declval<Day &>().equal_range(1));
+struct Stateful { // not to be had by default
+    explicit Stateful(int s) : sign(s) {}
+    int sign;
+    int operator()(int a, int b) const { return sign * (a - b); }
+};
+using Stated = set<&Event::link, &Event::time, Stateful>;
+
+static_assert(sizeof(ovant::link) == 2 * sizeof(void *) + 1 && alignof(ovant::link) == 1);
+static_assert(sizeof(Day) == 2 * sizeof(void *) && sizeof(Stated) <= 3 * sizeof(void *));
+static_assert(!std::is_copy_constructible_v<Day> && !std::is_copy_assignable_v<Day>);
+static_assert(std::is_nothrow_default_constructible_v<Day> && !std::is_default_constructible_v<Stated>);
+static_assert(std::is_nothrow_move_constructible_v<Day> && std::is_nothrow_move_assignable_v<Day> &&
+              std::is_nothrow_swappable_v<Day>);
+static_assert(std::bidirectional_iterator<Day::iterator> && std::bidirectional_iterator<Day::const_iterator> &&
+              std::bidirectional_iterator<Day::reverse_iterator> &&
+              std::bidirectional_iterator<Day::const_reverse_iterator>);
+static_assert(std::is_convertible_v<Day::iterator, Day::const_iterator> &&
+              !std::is_convertible_v<Day::const_iterator, Day::iterator>);
+static_assert(std::ranges::bidirectional_range<Day> && std::ranges::common_range<const Day>);
+static_assert(std::ranges::view<Interval> && std::ranges::borrowed_range<Interval> &&
+              std::ranges::bidirectional_range<Interval> && std::ranges::common_range<Interval>);
+static_assert(std::is_same_v<std::ranges::range_reference_t<const Day>, const Event &> &&
+              std::is_same_v<decltype(*std::declval<const Day &>().find(1)), const Event &> &&
+              std::is_same_v<decltype(std::declval<const Day &>().front()), const Event &> &&
+              std::is_same_v<decltype(*std::declval<const Day &>().equal_range(1).begin()), const Event &>);
+
+template <class Range> std::vector<int> times_of(Range &&range) {
+    std::vector<int> times;
+    for (const Event &event : range)
+        times.push_back(event.time);
+    return times;
+}
+using Times = std::vector<int>;
+
+TEST(Ranges, AlgorithmsAndViewsTakeTreesAndIntervals) {
+    Event events[6];
+    Day day;
+    for (int i = 0; i < 6; i++) {
+        events[i].time = 10 * (5 - i);
+        day.insert(events[i]);
+    }
+    const auto late = [](const Event &event) { return event.time > 20; };
+    EXPECT_EQ(times_of(day | std::views::filter(late) | std::views::reverse | std::views::take(2)), (Times{50, 40}));
+    EXPECT_EQ(times_of(day.between(before(10), after(30)) | std::views::drop(1)), (Times{20, 30}));
+    EXPECT_EQ(times_of(std::views::reverse(std::as_const(day))),
+              times_of(std::ranges::subrange(day.rbegin(), day.rend())));
+    EXPECT_TRUE(std::prev(day.end())->time == 50 && std::ranges::find(day, 30, &Event::time) == day.find(30));
+    EXPECT_TRUE(std::ranges::is_sorted(day, {}, &Event::time) && std::ranges::distance(day.equal_range(20)) == 1);
+    EXPECT_EQ(std::ranges::max_element(day.between(ovant::start, before(35)), {}, &Event::time)->time, 30);
+    std::ostringstream drawn;
+    day.draw(drawn);
+    EXPECT_EQ(drawn.str(), "    /-- 50\n/-- 40\n|   \\-- 30\n20\n\\-- 10 -\n    \\-- 0\n");
+    Event copy = events[0]; // which stands in no tree
+    day.insert(copy);
+    EXPECT_EQ(day.count(50), 2u);
+}
+
+// Comes in from the last to the first, stands in order, and goes.
+template <class Tree, class T> void expect_order(Tree &&tree, std::initializer_list<T *> order) {
+    for (T *x : std::views::reverse(order))
+        tree.insert(*x);
+    EXPECT_TRUE(std::ranges::equal(tree, order, {}, [](T &x) { return &x; }));
+    EXPECT_FALSE(tree.check());
+    for (T *x : order)
+        EXPECT_TRUE(tree.holds(*x) && tree.extract(*x) == x && !tree.holds(*x));
+}
+
+struct Polymorphic {
+    virtual ~Polymorphic() = default;
+};
+class alignas(64) Awkward final : public Polymorphic {
+public:
+    explicit Awkward(int key) : key_(key) {}
+    Awkward(const Awkward &) = delete;
+    Awkward &operator=(const Awkward &) = delete;
+
+private:
+    friend struct Familiar;
+    char odd_ = 0;
+    ovant::link link_;
+    int key_;
+};
+struct Familiar {
+    using Tree = set<&Awkward::link_, &Awkward::key_>;
+};
+struct Keyed {
+    int key;
+};
+struct Linked {
+    ovant::link link;
+};
+struct LinkInBase : Polymorphic, Linked {
+    explicit LinkInBase(int k) : key(k) {}
+    int key;
+};
+struct KeyInBase : Polymorphic, Keyed {
+    explicit KeyInBase(int k) : Keyed{k} {}
+    ovant::link link;
+};
+template <class Tree, class T> void expect_order_of(Tree &&tree) {
+    T a(1), b(2), c(3);
+    expect_order(tree, std::initializer_list<T *>{&a, &b, &c});
+}
+TEST(Records, MayBeOfAnyKind) {
+    expect_order_of<Familiar::Tree, Awkward>({});
+    expect_order_of<set<&LinkInBase::link, &LinkInBase::key>, LinkInBase>({});
+    expect_order_of<set<&KeyInBase::link, &KeyInBase::key>, KeyInBase>({});
+}
+
+struct Person {
+    std::string name;
+    int born;
+    ovant::link link, other;
+    std::string initial() const { return name.substr(0, 1) + std::string(40, '.'); } // too long to lie in the object
+    auto operator<=>(const Person &that) const { return born <=> that.born; }
+    bool operator==(const Person &that) const { return born == that.born; }
+};
+bool older(const Person &a, const Person &b) { return a.born < b.born; }
+constexpr auto length = [](const Person &p) { return p.name.size(); };
+
+TEST(Keys, AreWhateverARecordHas) {
+    Person ada{"Ada", 1815, {}, {}}, bob{"Bobby", 1790, {}, {}}, cy{"Cy", 1800, {}, {}};
+    expect_order(set<&Person::link, &Person::name>(), {&ada, &bob, &cy});
+    expect_order(set<&Person::link, &Person::name, std::greater<>>(), {&cy, &bob, &ada});
+    expect_order(set<&Person::other, &Person::initial, std::less<>>(), {&ada, &bob, &cy});
+    expect_order(multiset<&Person::link, &Person::initial>(), {&ada, &bob, &cy});
+    expect_order(set<&Person::link, length>(), {&cy, &ada, &bob});
+    expect_order(set<&Person::link>(), {&bob, &cy, &ada});
+    expect_order(set<&Person::link, ovant::itself{}, bool (*)(const Person &, const Person &)>(older),
+                 {&bob, &cy, &ada});
+    expect_order(set<&Person::link, &Person::born, Stateful>(Stateful(-1)), {&ada, &cy, &bob});
+    expect_order(multiset<&Person::link, ovant::keys<length, &Person::born>, std::less<>>(), {&cy, &ada, &bob});
+
+    set<&Person::link, &Person::name> names; // in two trees at a time
+    multiset<&Person::other, ovant::keys<&Person::initial, &Person::born>> both;
+    for (Person *p : {&ada, &bob, &cy})
+        EXPECT_TRUE(names.insert(*p).second && &*both.insert(*p) == p);
+    const std::string_view view = "Bobby";
+    EXPECT_TRUE(names.find(view) == names.find("Bobby") && &*names.find(view) == &bob && names.contains("Ada"));
+    EXPECT_TRUE(names.count(before("B"), after(std::string("Cz"))) == 2 && !names.extract("Dora"));
+    EXPECT_EQ(&*names.first_after(ovant::partition_point([](const Person &p) { return p.name < "B"; })), &bob);
+    const auto [it, inserted] = names.insert(ada);
+    EXPECT_TRUE(&*it == &ada && !inserted);
+}
+
+struct Offer {
+    int price, number;
+    ovant::link link;
+};
+TEST(Keys, OfSeveralPartsAreSoughtByTheFirstFew) {
+    Offer offers[12];
+    set<&Offer::link, ovant::keys<&Offer::price, &Offer::number>> book;
+    for (int i = 0; i < 12; i++) {
+        Offer &offer = offers[i * 5 % 12];
+        offer.price = i * 5 % 12 / 4;
+        offer.number = i * 5 % 4;
+        book.insert(offer);
+    }
+    EXPECT_TRUE(std::ranges::equal(
+        book, offers, {}, [](Offer &x) { return &x; }, [](Offer &x) { return &x; }));
+    EXPECT_TRUE(book.count(1) == 4 && &book.equal_range(1).front() == &offers[4]);
+    EXPECT_TRUE(&*book.find(ovant::key(1, 2)) == &offers[6] && book.count(before(ovant::key(0, 3)), after(1)) == 5);
+    EXPECT_TRUE(book.extract(ovant::key(2, 2)) == &offers[10] && book.erase(1) == 4 && book.count(2) == 3);
+    EXPECT_FALSE(book.contains(ovant::key(1, 0)) || book.check());
+}
+
+struct Owned {
+    explicit Owned(int k) : key(k) { alive++; }
+    ~Owned() { alive--; }
+    static inline int alive = 0;
+    int key;
+    ovant::link link;
+};
+TEST(Ownership, EndsEachRecordOnce) {
+    {
+        multiset<&Owned::link, &Owned::key, std::compare_three_way, std::default_delete<Owned>> tree, other;
+        for (int i = 0; i < 20; i++)
+            tree.insert(*new Owned(i / 2));
+        tree.erase(tree.find(9));
+        EXPECT_EQ(tree.erase(tree.front().key), 2u); // the key goes with its record
+        tree.erase(before(2), after(3));
+        tree.extract(ovant::start, after(4));
+        const std::unique_ptr<Owned> mine(tree.pop_back());
+        EXPECT_TRUE(other.clone_from(tree, [](const Owned &x) { return new Owned(x.key); }));
+        EXPECT_EQ(Owned::alive, 8 + 1 + 8);
+        other = std::move(tree);
+        EXPECT_EQ(Owned::alive, 8 + 1);
+        tree.assign_sorted(std::vector{new Owned(1), new Owned(2)});
+        tree.merge(other);
+    }
+    EXPECT_EQ(Owned::alive, 0);
+}
+
+} // namespace

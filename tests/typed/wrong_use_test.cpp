@@ -1,0 +1,72 @@
+// What OVANT_CHECKS catches.
+#include "typed.hpp"
+
+namespace ovant::test {
+namespace {
+
+struct Scene {
+    Host host;
+    Set<ThreeWay> tree, other;
+    Multiset<ThreeWay> many;
+    std::vector<Node> nodes;
+
+    Scene() {
+        for (int key = 0; key < 100; key += 10)
+            nodes.push_back(host.record(key));
+        for (std::size_t i = 1; i < 5; i++)
+            tree.insert(typed(nodes[i]));
+        other.insert(typed(nodes[5]));
+        many.insert(typed(nodes[6]));
+    }
+    Typed &at(std::size_t i) { return typed(nodes[i]); }
+};
+
+TEST(WrongUse, EndsTheProcessWithAWord) {
+    constexpr const char *twice = "the record is in the tree already",
+                         *foreign = "the position belongs to another tree",
+                         *misplaced = "the record does not belong in front of the position",
+                         *nothing = "there is no record at the end of a tree",
+                         *joined = "trees are joined out of order";
+    const struct {
+        void (*wrong)(Scene &);
+        const char *word;
+    } rows[] = {
+        {[](Scene &s) { s.tree.insert(s.at(2)); }, twice},
+        {[](Scene &s) { s.tree.insert(s.tree.end(), s.at(4)); }, twice},
+        {[](Scene &s) { s.tree.insert_or_replace(s.at(2)); }, twice},
+        {[](Scene &s) { s.tree.find_or_insert(15, [&] { return &s.at(2); }); }, twice},
+        {[](Scene &s) { s.many.insert(s.at(6)); }, twice},
+        {[](Scene &s) { s.many.insert_front(s.at(6)); }, twice},
+        {[](Scene &s) { s.many.push_back(s.at(6)); }, twice},
+        {[](Scene &s) { s.tree.erase(s.other.begin()); }, foreign},
+        {[](Scene &s) { s.tree.extract(s.other.begin()); }, foreign},
+        {[](Scene &s) { s.tree.insert(s.other.end(), s.at(7)); }, foreign},
+        {[](Scene &s) { s.tree.insert_before(s.other.end(), s.at(7)); }, foreign},
+        {[](Scene &s) { s.tree.erase(s.tree.begin(), s.other.end()); }, foreign},
+        {[](Scene &s) { std::exit(s.tree.begin() == s.other.begin()); }, "positions of two trees are compared"},
+        {[](Scene &s) { s.tree.erase(s.at(5)); }, "the record of a position is not in its tree"},
+        {[](Scene &s) { ++s.tree.iterator_to(s.at(5)); }, "the record of a position is not in its tree"},
+        {[](Scene &s) { s.tree.insert_before(s.tree.find(20), s.at(3 + 4)); }, misplaced},
+        {[](Scene &s) { s.tree.insert_before(s.tree.find(20), s.at(0)); }, misplaced},
+        {[](Scene &s) { s.tree.push_back(s.at(0)); }, misplaced},
+        {[](Scene &s) { s.tree.push_front(s.at(7)); }, misplaced},
+        {[](Scene &s) { std::exit((*s.tree.end()).key()); }, nothing},
+        {[](Scene &s) { s.tree.erase(s.tree.end()); }, nothing},
+        {[](Scene &s) { std::exit(Set<ThreeWay>().front().key() + s.tree.front().key()); },
+         "there is no record in an empty tree"},
+        {[](Scene &s) { s.other.append(std::move(s.tree)); }, joined},
+        {[](Scene &s) { s.tree.prepend(std::move(s.other)); }, joined},
+        {[](Scene &s) {
+             s.tree.assign_sorted(std::vector{&s.at(8), &s.at(7)});
+         },
+         "assign_sorted was given records out of order"},
+        {[](Scene &s) { s.tree.adopt(s.other.release()); }, "a tree that adopts a root must be empty"},
+    };
+    for (const auto &[wrong, word] : rows) {
+        Scene scene;
+        EXPECT_EXIT(wrong(scene), ::testing::KilledBySignal(SIGABRT), word);
+    }
+}
+
+} // namespace
+} // namespace ovant::test
