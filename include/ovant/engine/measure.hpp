@@ -4,6 +4,8 @@
 
 #include "height.hpp"
 
+#include <cstdint>
+
 namespace ovant::engine {
 
 // Whether a traversal has come to a node before.  It comes to no node of a tree twice, so one remembered node will do:
