@@ -1,5 +1,4 @@
-# What hosts get: header, both libraries, CMake package, pkg-config file, manual page; and the two Debian packages.
-option(OVANT_PACKAGE "Install what Debian packages carry, and let CPack make them" OFF)
+# What hosts get: headers, both libraries, CMake package, pkg-config files, manual page.
 option(OVANT_INSTALL "Create the installation rules" ${PROJECT_IS_TOP_LEVEL})
 if(NOT OVANT_INSTALL)
     return()
@@ -8,21 +7,38 @@ include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/ovant)
 set(pkgconfig_dir ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
-install(FILES include/ovant.h include/ovant_idioms.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev)
+install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR} COMPONENT dev)
 install(TARGETS ovant EXPORT ovant LIBRARY COMPONENT runtime NAMELINK_COMPONENT dev)
-install(TARGETS ovant_static EXPORT ovant ARCHIVE COMPONENT dev)
+install(TARGETS ovant_static ovant_headers EXPORT ovant ARCHIVE COMPONENT dev)
 install(EXPORT ovant FILE ovant-targets.cmake NAMESPACE ovant:: DESTINATION ${package_dir} COMPONENT dev)
 write_basic_package_version_file(ovant-config-version.cmake COMPATIBILITY SameMajorVersion)
 install(FILES cmake/ovant-config.cmake ${PROJECT_BINARY_DIR}/ovant-config-version.cmake DESTINATION ${package_dir}
     COMPONENT dev)
 
-# The prefix is found from the file's own place, so that an installed tree can be moved.
-file(RELATIVE_PATH pc_prefix /${pkgconfig_dir} /)
-configure_file(cmake/ovant.pc.in ovant.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/ovant.pc DESTINATION ${pkgconfig_dir} COMPONENT dev)
-
-if(OVANT_PACKAGE)
-    include(cmake/packages.cmake)
-elseif(EXISTS ${PROJECT_SOURCE_DIR}/docs/ovant.3)
-    install(FILES docs/ovant.3 DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev)
+# The prefix is found from the file's own place, so that an installed tree can be moved.  The system's own is named, so
+# that pkg-config leaves its folders out.
+if(CMAKE_INSTALL_PREFIX STREQUAL "/usr")
+    set(pc_prefix /usr)
+else()
+    file(RELATIVE_PATH pc_prefix /${pkgconfig_dir} /)
+    set(pc_prefix "\${pcfiledir}/${pc_prefix}")
 endif()
+function(install_pc pc_name pc_description pc_libs)
+    configure_file(cmake/ovant.pc.in ${pc_name}.pc @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${pc_name}.pc DESTINATION ${pkgconfig_dir} COMPONENT dev)
+endfunction()
+install_pc(ovant "${PROJECT_DESCRIPTION}" "Libs: -L\${libdir} -lovant\n")
+install_pc(ovant-headers "${PROJECT_DESCRIPTION}: C++ headers alone" "")
+
+install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+
+# The manual page, also under the name of each function in its synopsis.
+install(FILES docs/ovant.3 DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev)
+file(STRINGS docs/ovant.3 functions REGEX "^\\.(Fo AVL_|Fn AVL_[A-Za-z]+ \")")
+list(TRANSFORM functions REPLACE "^\\.F[on] ([A-Za-z_]+).*" "\\1")
+foreach(function IN LISTS functions)
+    set(page ${PROJECT_BINARY_DIR}/man/${function}.3)
+    file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/man)
+    file(CREATE_LINK ovant.3 ${page} SYMBOLIC)
+    install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev)
+endforeach()

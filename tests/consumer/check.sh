@@ -24,9 +24,16 @@ PKG_CONFIG_PATH=$(dirname "$pc")
 export PKG_CONFIG_PATH LD_LIBRARY_PATH
 LD_LIBRARY_PATH=$(pkg-config --variable=libdir ovant)
 [ "$(pkg-config --modversion ovant)" = 1.3.0 ]
-read -ra flags <<<"$(pkg-config --cflags --libs ovant)"
-cc -std=c99 -Wall -Wextra -Wpedantic -Werror "$here/../../examples/phonebook.c" "${flags[@]}" -o "$work/by_pkgconfig_c"
-c++ -std=c++20 -Wall -Wextra -Wpedantic -Werror "$here/../../examples/counting.cpp" "${flags[@]}" -o "$work/by_pkgconfig_cpp"
-"$work/by_pkgconfig_c" >/dev/null
-[ "$(echo b a b | "$work/by_pkgconfig_cpp")" = $'2 b\n1 a' ]
+
+by_pkgconfig() { # by_pkgconfig PACKAGE SOURCE COMPILER...
+    local flags
+    read -ra flags <<<"$(pkg-config --cflags --libs "$1")"
+    "${@:3}" -Wall -Wextra -Wpedantic -Werror "$here/../../examples/$2" "${flags[@]}" -o "$work/$1-$2.program"
+}
+by_pkgconfig ovant phonebook.c cc -std=c99
+by_pkgconfig ovant counting.cpp c++ -std=c++20
+by_pkgconfig ovant-headers expiry.cpp c++ -std=c++20
+"$work/ovant-phonebook.c.program" >/dev/null
+[ "$(echo b a b | "$work/ovant-counting.cpp.program")" = $'2 b\n1 a' ]
+LD_LIBRARY_PATH='' "$work/ovant-headers-expiry.cpp.program" >/dev/null
 echo "-- all hosts build and run"

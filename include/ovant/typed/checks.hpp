@@ -10,9 +10,17 @@
 #endif
 #endif
 
+// Says why a function is not there.
+#if defined(__cpp_deleted_function)
+#define OVANT_DELETED(why) = delete (why)
+#elif defined(__clang__)
+#define OVANT_DELETED(why) __attribute__((unavailable(why)))
+#else
+#define OVANT_DELETED(why) = delete
+#endif
+
 #if OVANT_CHECKS
 #include <stdio.h>
-#include <stdlib.h>
 #endif
 
 namespace ovant::typed {
@@ -24,7 +32,7 @@ inline void require([[maybe_unused]] bool holds, [[maybe_unused]] const char *wh
 #if OVANT_CHECKS
     if (!holds) {
         fprintf(stderr, "ovant: %s\n", what);
-        abort();
+        __builtin_abort();
     }
 #endif
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../engine/descend.hpp"
+#include "../engine/sweep.hpp"
 #include "iterator.hpp"
 
 namespace ovant::typed {

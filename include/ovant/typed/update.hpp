@@ -44,6 +44,8 @@ public:
         return insert_by<engine::rule::back>(x);
     }
     iterator insert_front(T &x) requires(!Traits::unique) { return insert_by<engine::rule::front>(x); }
+    void insert_front(T &) requires Traits::unique OVANT_DELETED("ovant: insert_front is for multisets");
+    void insert(const T &) OVANT_DELETED("ovant: a record is linked where it is: no constant, and nothing temporary");
 
     // Takes the place of the record with its key.  Returns that record, which is the caller's from then on, or nullptr
     // if there was none.
@@ -64,6 +66,7 @@ public:
         set_root(root_);
         return old;
     }
+    void insert_or_replace(T &) requires(!Traits::unique) OVANT_DELETED("ovant: insert_or_replace is for sets");
 
     // The record with the key; only if there is none make() is called, and what it points to is inserted, which must
     // have the key.  {position, false} of a record that was there, {position, true} of a new one, {end(), false} if
@@ -79,6 +82,8 @@ public:
         require_stranger(*x);
         return {hang(path, top, *x), true};
     }
+    template <class K, class Make>
+    void find_or_insert(const K &, Make) requires(!Traits::unique) OVANT_DELETED("ovant: find_or_insert is for sets");
 
     // The same with a guess where x belongs: next to hint, in front of it or behind it.  If it does, two or three
     // comparisons and O(1) on average, and the position that comes back holds its path: sorted records come in one
