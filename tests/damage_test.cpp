@@ -71,6 +71,7 @@ void look_at(AVL_Tree copy, Node root, bool endless) {
     for (const auto step : {AVL_WalkLeft, AVL_WalkRight})
         for (Entry *p = AVL_MakeRoot(tree); p->Node; p = step(tree, p))
             ASSERT_LE(p, tree->Stack + tree_depth);
+    EXPECT_TRUE(seen.reports.empty());
     killed = 0;
     AVL_DelTree(tree, nullptr);
     stack.erase(stack.begin() + 101, stack.end() - 100);

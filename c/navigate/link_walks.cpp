@@ -22,7 +22,7 @@ template <Side F> Entry *inorder(AVL_Tree *tree, Entry *position) {
         --position;
         while (position->Dir == sign(F))
             --position;
-        asm("" : "+r"(position));
+        asm("" : "+r"(position)); // or Dir would be kept for the next question, for an instruction more on each level
         if (position->Dir == sign(!F)) [[likely]]
             return here(position);
     } while (position >= tree->Stack);
