@@ -1,22 +1,8 @@
-// The yardstick, built by both compilers.
 #include "avl_set.hpp"
-#include "registry.hpp"
+#include "pass.hpp"
 
-#ifdef __clang__
-#define OVANT_BENCH_AVL_SET add_avl_set_clang
-#define OVANT_BENCH_LABEL "avl_set clang"
-#define OVANT_BENCH_EFFORT Effort::sparing
-#else
-#define OVANT_BENCH_AVL_SET add_avl_set
-#define OVANT_BENCH_LABEL "avl_set"
-#define OVANT_BENCH_EFFORT Effort::full
-#endif
-
-namespace bench {
-
-void OVANT_BENCH_AVL_SET() {
-    add<AvlSet>(OVANT_BENCH_LABEL, OVANT_BENCH_EFFORT);
-    add_equal<AvlMultiset>(OVANT_BENCH_LABEL, OVANT_BENCH_EFFORT);
+int main(int argc, char **argv) {
+    bench::Pass pass(argc, argv);
+    pass.run<bench::AvlSet>("avl_set");
+    pass.run_equal<bench::AvlMultiset>("avl_set");
 }
-
-} // namespace bench

@@ -1,9 +1,10 @@
 // BSD: red-black trees over the host's records, as macros.
-#include "registry.hpp"
+#include "pass.hpp"
 
 #include <bsd/sys/tree.h>
 
-namespace bench {
+using namespace bench;
+
 namespace {
 
 struct BsdNode {
@@ -67,6 +68,7 @@ private:
 
 } // namespace
 
-void add_bsd_tree() { add<BsdTree>("RB_tree", Effort::sparing); }
-
-} // namespace bench
+int main(int argc, char **argv) {
+    Pass pass(argc, argv);
+    pass.run<BsdTree>("RB_tree");
+}

@@ -1,10 +1,11 @@
 // Abseil: B-trees, many keys to a block.
-#include "registry.hpp"
+#include "pass.hpp"
 #include "set_like.hpp"
 
 #include <absl/container/btree_set.h>
 
-namespace bench {
+using namespace bench;
+
 namespace {
 
 template <class Container> struct BtreeKind : CopiedKey {
@@ -23,9 +24,8 @@ template <class Container> struct BtreeKind : CopiedKey {
 
 } // namespace
 
-void add_btree_set() {
-    add<SetLike<BtreeKind<absl::btree_set<Key>>>>("btree_set", Effort::sparing);
-    add_equal<SetLike<BtreeKind<absl::btree_multiset<Key>>>>("btree_set", Effort::sparing);
+int main(int argc, char **argv) {
+    Pass pass(argc, argv);
+    pass.run<SetLike<BtreeKind<absl::btree_set<Key>>>>("btree_set");
+    pass.run_equal<SetLike<BtreeKind<absl::btree_multiset<Key>>>>("btree_set");
 }
-
-} // namespace bench

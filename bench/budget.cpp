@@ -15,15 +15,12 @@ using Ready = OvantTree<AVL_CMP_HandlePointer>;
 using Own = OvantTree<host_order>;
 using Equal = OvantTree<AVL_CMP_HandlePointer, false>;
 
-enum class From { empty, empty_equal, filled };
+enum class From { empty, empty_repeated, filled };
 
 // Counts what one operation does on a tree of 20,000 nodes, the same in every run; the tree is filled uncounted.
 template <class C> void count(From from, double (*run)(Round<C> &)) {
     Round<C> round(1);
-    if (from == From::empty_equal)
-        round.renew_equal(20000);
-    else
-        round.renew(20000, Order::random);
+    round.renew(20000, from == From::empty_repeated ? Order::repeated : Order::random);
     if (from == From::filled)
         round.fill();
     CALLGRIND_TOGGLE_COLLECT;
@@ -50,7 +47,7 @@ constexpr struct {
 } runs[] = {
     {"insert", [] { count<Ready>(From::empty, insert<Ready>); }},
     {"insert_host", [] { count<Own>(From::empty, insert<Own>); }},
-    {"insert_equal", [] { count<Equal>(From::empty_equal, insert<Equal>); }},
+    {"insert_equal", [] { count<Equal>(From::empty_repeated, insert<Equal>); }},
     {"find", [] { count<Ready>(From::filled, find_hit<Ready, Order::random>); }},
     {"lower_bound", [] { count<Ready>(From::filled, lower_bound<Ready>); }},
     {"walk", [] { count<Ready>(From::filled, walk<Ready>); }},

@@ -19,8 +19,8 @@ template <class C> bool count(std::string_view name, std::size_t n) {
         if (name != operation.name || operation.order != Order::random)
             continue;
         Round<C> round(1);
-        round.renew(n, operation.order);
-        if (operation.start != Start::empty)
+        round.renew(n, Order::random);
+        if (operation.start == Start::filled)
             round.fill();
         operation.run(round);
         return true;

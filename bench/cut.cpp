@@ -35,14 +35,8 @@ Cut cut_and_mend(AVL_Tree *tree, Key first, Key last) {
 struct Cost {
     int height = 0;
     long most_comparisons = 0;
-    double first_time = 0, second_time = 0; // medians
+    double first_time = 0, second_time = 0; // medians, in nanoseconds
 };
-
-double median(std::vector<double> &times) {
-    const auto half = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), half, times.end());
-    return *half * 1e9;
-}
 
 // Each place is cut twice: what the second cut saves is waiting for memory.
 template <AVL_CmpFunc Cmp> Cost cost(std::size_t n) {
@@ -64,8 +58,8 @@ template <AVL_CmpFunc Cmp> Cost cost(std::size_t n) {
         first_times.push_back(cut.time);
         second_times.push_back(cut_and_mend(tree, first, last).time);
     }
-    result.first_time = median(first_times);
-    result.second_time = median(second_times);
+    result.first_time = median(first_times) * 1e9;
+    result.second_time = median(second_times) * 1e9;
     return result;
 }
 

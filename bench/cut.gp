@@ -1,18 +1,14 @@
-# gnuplot -e "csv='cut.csv'; svg='out.svg'" cut.gp: the cost of cutting half of the nodes out of larger and larger trees.
-set terminal svg size 800,450 background '#ffffff' font 'sans-serif,12'
-set output svg
-set datafile separator ','
-set logscale x 4
-set format x '%.0f'
-set xlabel 'nodes'
-set ylabel 'nanoseconds'
-set y2label 'comparisons'
-set yrange [0:*]
-set y2range [0:100]
-set y2tics
-set ytics nomirror
-set grid y
-set key top left
-plot csv skip 1 using 1:4 with linespoints lw 2 lc '#1b5e9b' title 'cut 50 % at a new place', \
-     csv skip 1 using 1:5 with linespoints lw 2 lc '#76aadb' title 'the same cut again', \
-     csv skip 1 using 1:3 axes x1y2 with linespoints lc '#c0504d' title 'most comparisons (right)'
+# gnuplot -e "csv='results.csv'; svg='out.svg'" cut.gp: cutting half of the nodes out of larger and larger containers.
+load 'bench/containers.gp'
+set logscale xy
+set xrange [800:1300000]
+set xlabel 'nodes in the container'
+set xtics ('1,000' 1e3, '10,000' 1e4, '100,000' 1e5, '1,000,000' 1e6)
+set ytics ('100 ns' 1e2, '1 µs' 1e3, '10 µs' 1e4, '100 µs' 1e5, '1 ms' 1e6, '10 ms' 1e7, '100 ms' 1e8, '1 s' 1e9)
+set yrange [100:*]
+set grid xtics ytics lt 1 lc '#dddddd'
+set title 'Cutting half of the nodes out'
+set key outside right center reverse Left samplen 2 invert
+half(i) = strcol(1) eq 'cut 50 %' && strcol(4) eq names[i] && column('best') == 1 ? column('median_ns') : NaN
+plot for [i in present] csv using (column('n')):(half(i + 0)) with linespoints lw (i < 4 ? 3 : 1.5) \
+     lc rgb colours[i + 0] pt marks[i + 0] ps 0.7 title names[i + 0] noenhanced

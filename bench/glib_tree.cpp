@@ -1,9 +1,10 @@
 // GLib: an AVL tree that owns its nodes and points to key and value.
-#include "registry.hpp"
+#include "pass.hpp"
 
 #include <glib.h>
 
-namespace bench {
+using namespace bench;
+
 namespace {
 
 int order(const void *a, const void *b) {
@@ -29,6 +30,15 @@ public:
         std::uint64_t sum = 0;
         for (GTreeNode *at = g_tree_node_first(tree_); at; at = g_tree_node_next(at))
             sum += key_of(at);
+        return sum;
+    }
+    std::uint64_t for_each() const {
+        const auto add = [](GTreeNode *at, void *sum) -> gboolean {
+            *static_cast<std::uint64_t *>(sum) += key_of(at);
+            return FALSE;
+        };
+        std::uint64_t sum = 0;
+        g_tree_foreach_node(tree_, add, &sum);
         return sum;
     }
     bool erase(Key key) { return g_tree_remove(tree_, GUINT_TO_POINTER(key)); }
@@ -63,6 +73,7 @@ private:
 
 } // namespace
 
-void add_glib_tree() { add<GlibTree>("GTree", Effort::sparing); }
-
-} // namespace bench
+int main(int argc, char **argv) {
+    Pass pass(argc, argv);
+    pass.run<GlibTree>("GTree");
+}

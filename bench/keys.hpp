@@ -41,9 +41,9 @@ private:
     std::uint64_t state_;
 };
 
-enum class Order { random, ascending, skewed };
+enum class Order { random, ascending, skewed, repeated };
 inline const char *name_of(Order order) {
-    constexpr const char *names[] = {"random", "ascending", "skewed"};
+    constexpr const char *names[] = {"random", "ascending", "skewed", "repeated"};
     return names[static_cast<int>(order)];
 }
 

@@ -44,7 +44,7 @@ template <class C, bool Dependent> double chase_all(Round<C> &round) {
     });
 }
 
-template <class C> double median(std::size_t n, double (*run)(Round<C> &)) {
+template <class C> double median_time(std::size_t n, double (*run)(Round<C> &)) {
     std::vector<double> times;
     for (std::uint64_t seed = 0; seed < 9; ++seed) {
         Round<C> round(seed);
@@ -52,8 +52,7 @@ template <class C> double median(std::size_t n, double (*run)(Round<C> &)) {
         round.fill();
         times.push_back(run(round));
     }
-    std::nth_element(times.begin(), times.begin() + 4, times.end());
-    return times[4] * 1e9;
+    return median(times) * 1e9;
 }
 
 } // namespace
@@ -63,9 +62,10 @@ int main() {
     using Own = OvantTree<host_order>;
     std::printf("%-24s%12s%18s%18s\n", "[ns]", "bare chase", "ready comparator", "host comparator");
     for (std::size_t n : {1000u, 100000u, 1000000u}) {
-        std::printf("%8zu  find%22.1f%18.1f%18.1f\n", n, median<Ready>(n, chase_all<Ready, false>),
-                    median<Ready>(n, find_hit<Ready, Order::random>), median<Own>(n, find_hit<Own, Order::random>));
-        std::printf("%8zu  find dependent%12.1f%18.1f%18.1f\n", n, median<Ready>(n, chase_all<Ready, true>),
-                    median<Ready>(n, find_dependent<Ready>), median<Own>(n, find_dependent<Own>));
+        std::printf("%8zu  find%22.1f%18.1f%18.1f\n", n, median_time<Ready>(n, chase_all<Ready, false>),
+                    median_time<Ready>(n, find_hit<Ready, Order::random>),
+                    median_time<Own>(n, find_hit<Own, Order::random>));
+        std::printf("%8zu  find dependent%12.1f%18.1f%18.1f\n", n, median_time<Ready>(n, chase_all<Ready, true>),
+                    median_time<Ready>(n, find_dependent<Ready>), median_time<Own>(n, find_dependent<Own>));
     }
 }

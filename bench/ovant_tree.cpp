@@ -1,14 +1,12 @@
 #include "ovant_tree.hpp"
+#include "pass.hpp"
 
-#include "registry.hpp"
+using namespace bench;
 
-namespace bench {
-
-void add_ovant() {
-    add<OvantTree<AVL_CMP_HandlePointer>>("ovant");
-    add<OvantTree<host_order>>("ovant host");
-    add_equal<OvantTree<AVL_CMP_HandlePointer, false>>("ovant");
-    add_equal<OvantTree<host_order, false>>("ovant host");
+int main(int argc, char **argv) {
+    Pass pass(argc, argv);
+    pass.run<OvantTree<AVL_CMP_HandlePointer>>("ovant");
+    pass.run_equal<OvantTree<AVL_CMP_HandlePointer, false>>("ovant");
+    pass.run<OvantTree<host_order>>("ovant host");
+    pass.run_equal<OvantTree<host_order, false>>("ovant host");
 }
-
-} // namespace bench

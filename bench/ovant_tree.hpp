@@ -40,6 +40,10 @@ public:
         else
             AVL_Insert(tree_, &node.key, &node);
     }
+    void append(Node &node) {
+        AVL_PfadEntry *last = AVL_MakeMax(tree_);
+        AVL_InsertStack(tree_, last->Node ? AVL_WalkRight(tree_, last) : last, &node);
+    }
     Key find(Key key) const { return key_of(AVL_SearchKey(tree_, &key)); }
     Key lower_bound(Key key) const { return key_of(AVL_SearchGreaterEqual(tree_, &key)); }
     std::uint64_t walk() {

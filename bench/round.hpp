@@ -11,17 +11,23 @@ namespace bench {
 template <class T> void keep(const T &value) { asm volatile("" : : "r,m"(value) : "memory"); }
 
 template <class Work> double seconds(Work work) {
-#ifdef CALLGRIND_TOGGLE_COLLECT // counted, not timed
+#ifdef CALLGRIND_TOGGLE_COLLECT // counted, not timed; a second is long, so nothing runs again
     CALLGRIND_TOGGLE_COLLECT;
     work();
     CALLGRIND_TOGGLE_COLLECT;
-    return 0;
+    return 1;
 #else
     using Clock = std::chrono::steady_clock;
     const auto start = Clock::now();
     work();
     return std::chrono::duration<double>(Clock::now() - start).count();
 #endif
+}
+
+inline double median(std::vector<double> values) {
+    const auto half = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), half, values.end());
+    return *half;
 }
 
 template <class Container> class Round {
@@ -35,20 +41,17 @@ public:
 
     // n new keys in the order in which they are to be inserted, each in a node of its own, and an empty container.
     void renew(std::size_t n, Order order) {
-        take_keys(n, [&](std::size_t i) { return source[i]; });
-        if (order == Order::skewed) { // most keys come again and again
+        source = KeySource(random);
+        keys.resize(n);
+        for (std::size_t i = 0; i < n; ++i)
+            keys[i] = source[i];
+        if (order == Order::skewed || order == Order::repeated) {
             const std::vector<Key> all = keys;
             for (Key &key : keys)
-                key = all[random.skewed_below(n)];
+                key = all[order == Order::skewed ? random.skewed_below(n) : random.below(n / 16)];
         }
         if (order == Order::ascending)
             std::sort(keys.begin(), keys.end());
-        place_nodes();
-    }
-
-    // The same with a sixteenth as many different keys.
-    void renew_equal(std::size_t n) {
-        take_keys(n, [&](std::size_t) { return source[random.below(n / 16)]; });
         place_nodes();
     }
 
@@ -60,7 +63,7 @@ public:
     std::size_t size() const { return keys.size(); }
 
     // How many questions a pass asks: enough to be measured, few enough that large trees do not take all day.
-    std::size_t questions() const { return std::clamp<std::size_t>(size(), 1u << 14, 1u << 17); }
+    std::size_t questions() const { return std::clamp<std::size_t>(size(), 1u << 12, 1u << 16); }
 
     // Positions of keys that are there, as they come in the given order.
     std::vector<std::size_t> picks(Order order, std::size_t count) {
@@ -93,15 +96,10 @@ public:
         return fresh;
     }
 
-    // The first and last key of the middle percent of all keys.
-    std::pair<Key, Key> middle(std::size_t percent) {
+    std::vector<Key> sorted_keys() const {
         std::vector<Key> sorted = keys;
-        const auto count = std::max<std::size_t>(1, size() * percent / 100);
-        const auto first = sorted.begin() + static_cast<std::ptrdiff_t>((size() - count) / 2);
-        const auto last = first + static_cast<std::ptrdiff_t>(count - 1);
-        std::nth_element(sorted.begin(), first, sorted.end());
-        std::nth_element(first, last, sorted.end());
-        return {*first, *last};
+        std::sort(sorted.begin(), sorted.end());
+        return sorted;
     }
 
     Random random;
@@ -111,13 +109,6 @@ public:
     Container container;
 
 private:
-    template <class Make> void take_keys(std::size_t n, Make make) {
-        source = KeySource(random);
-        keys.resize(n);
-        for (std::size_t i = 0; i < n; ++i)
-            keys[i] = make(i);
-    }
-
     void place_nodes() {
         container.clear();
         memory_ = std::vector<Node>(size());

@@ -1,4 +1,5 @@
-// The adapter of all containers with the interface of std::set.  Kind tells the container, its node and how nodes move.
+// The adapter of all containers with the interface of std::set.  Kind tells the container, its node and how nodes move;
+// an adapter made from this one hides what its container does better.
 #pragma once
 
 #include "keys.hpp"
@@ -10,6 +11,7 @@ public:
     using Node = typename Kind::Node;
 
     void insert(Node &node) { set_.insert(Kind::value(node)); }
+    void append(Node &node) { set_.insert(set_.end(), Kind::value(node)); }
     Key find(Key key) const { return key_at(set_.find(key)); }
     Key lower_bound(Key key) const { return key_at(set_.lower_bound(key)); }
     std::uint64_t walk() const {
@@ -26,6 +28,10 @@ public:
         return true;
     }
     void pop_first() { set_.erase(set_.begin()); }
+    void drain() {
+        for (auto at = set_.begin(); at != set_.end();)
+            at = set_.erase(at);
+    }
     void erase_range(Key first, Key last) { set_.erase(set_.lower_bound(first), set_.upper_bound(last)); }
     void cut(Key first, Key last, SetLike &other) {
         Kind::move_range(set_, set_.lower_bound(first), set_.upper_bound(last), other.set_);
@@ -35,11 +41,11 @@ public:
 
     static void reuse(Node &node, Key key) { node.key = key; }
 
-private:
-    using Set = typename Kind::Set;
-    Key key_at(typename Set::const_iterator at) const { return at == set_.end() ? 0 : Kind::key(*at); }
+protected:
+    typename Kind::Set set_;
 
-    Set set_;
+private:
+    template <class At> Key key_at(At at) const { return at == set_.end() ? 0 : Kind::key(*at); }
 };
 
 // What containers that keep copies of the keys have in common.

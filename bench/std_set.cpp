@@ -1,8 +1,11 @@
 // The standard library: red-black trees that own their nodes.
-#include "registry.hpp"
+#include "pass.hpp"
 #include "set_like.hpp"
 
-namespace bench {
+#include <set>
+
+using namespace bench;
+
 namespace {
 
 template <class Container> struct StdKind : CopiedKey {
@@ -18,9 +21,8 @@ template <class Container> struct StdKind : CopiedKey {
 
 } // namespace
 
-void add_std_set() {
-    add<SetLike<StdKind<std::set<Key>>>>("std::set", Effort::sparing);
-    add_equal<SetLike<StdKind<std::multiset<Key>>>>("std::set", Effort::sparing);
+int main(int argc, char **argv) {
+    Pass pass(argc, argv);
+    pass.run<SetLike<StdKind<std::set<Key>>>>("std::set");
+    pass.run_equal<SetLike<StdKind<std::multiset<Key>>>>("std::set");
 }
-
-} // namespace bench
