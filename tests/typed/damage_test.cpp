@@ -1,4 +1,4 @@
-// check() on damaged trees, held against a recursive checker that knows where it has been.
+// check() on damaged trees, held against a recursion that knows where it has been.
 #include "typed.hpp"
 
 #include <set>
@@ -6,21 +6,14 @@
 namespace ovant::test {
 namespace {
 
-// Goes down and back up like the check, the left side first, and blames the first record that cannot be right.
-template <class Tree> class Judge {
-public:
+// Goes down and back up, the left side first, and blames the first record that cannot be right.
+template <class Tree> struct Judge {
     explicit Judge(Node root) {
         height(root);
-        const auto at = std::adjacent_find(order_.begin(), order_.end(), [](Node a, Node b) {
-            return is_set<Tree> ? key_of(a) >= key_of(b) : key_of(a) > key_of(b);
-        });
-        if (!bad && at != order_.end())
-            blame(at[1], "wrong order");
+        for (std::size_t i = 1; i < order.size() && !bad; i++)
+            if (key_of(order[i - 1]) >= key_of(order[i]) + !is_set<Tree>)
+                blame(order[i], "wrong order");
     }
-    Node bad = nullptr;
-    std::string reason = "sound";
-
-private:
     void blame(Node n, const char *why) {
         bad = n;
         reason = why;
@@ -29,21 +22,23 @@ private:
         if (!n || bad)
             return 0;
         const AVL_Link link = link_of(n);
-        if (!visited_.insert(n).second)
-            blame(n, std::count(open_.begin(), open_.end(), n) ? "circle" : "shared");
+        if (!visited.insert(n).second)
+            blame(n, std::count(open.begin(), open.end(), n) ? "circle" : "shared");
         else if (std::abs(link.Balance) > 1)
             blame(n, "wrong balance");
-        open_.push_back(n);
+        open.push_back(n);
         const int left = height(link.Left);
-        order_.push_back(n);
+        order.push_back(n);
         const int right = height(link.Right);
-        open_.pop_back();
+        open.pop_back();
         if (!bad && link.Balance != right - left)
             blame(n, "wrong balance");
         return 1 + std::max(left, right);
     }
-    std::set<Node> visited_;
-    std::vector<Node> open_, order_;
+    Node bad = nullptr;
+    std::string reason = "sound";
+    std::set<Node> visited;
+    std::vector<Node> open, order;
 };
 
 // The verdict is right, the way leads to the record, and no byte has changed.
@@ -63,35 +58,31 @@ template <class Tree> void expect_verdict(const Host &host, Tree &tree) {
 
 // Each link of each node bent to each node and to nothing, each balance set to each value, each key out of its place.
 template <class Tree> void damage_everywhere(const Shape &shape, Keys keys) {
-    Host host;
-    const Sapling sapling(host, shape, keys);
-    Tree tree;
-    tree.adopt(static_cast<Typed *>(sapling.root));
-    expect_verdict(host, tree);
-    std::vector<Node> targets = sapling.order;
+    Plot<Tree> plot(shape, keys);
+    expect_verdict(plot.host, plot.tree);
+    std::vector<Node> targets = plot.first.order;
     targets.push_back(nullptr);
-    for (const Node n : sapling.order) {
+    for (const Node n : plot.first.order) {
         const AVL_Link link = link_of(n);
+        const auto expect_with = [&](Node left, Node right, int balance) {
+            set_link(n, left, right, balance);
+            expect_verdict(plot.host, plot.tree);
+            set_link(n, link.Left, link.Right, link.Balance);
+        };
         for (const Node target : targets) {
-            set_link(n, target, link.Right, link.Balance);
-            expect_verdict(host, tree);
-            set_link(n, link.Left, target, link.Balance);
-            expect_verdict(host, tree);
+            expect_with(target, link.Right, link.Balance);
+            expect_with(link.Left, target, link.Balance);
         }
-        for (int balance = -128; balance < 128; balance++) {
-            set_link(n, link.Left, link.Right, balance);
-            expect_verdict(host, tree);
-        }
-        set_link(n, link.Left, link.Right, link.Balance);
+        for (int balance = -128; balance < 128; balance++)
+            expect_with(link.Left, link.Right, balance);
         const int key = key_of(n);
-        for (const int wrong : {keys.first - 1, key - keys.step, key + keys.step, keys.at(sapling.order.size())}) {
+        for (const int wrong : {keys.first - 1, key - keys.step, key + keys.step, keys.at(plot.first.order.size())}) {
             store(n, key_off, wrong);
-            expect_verdict(host, tree);
+            expect_verdict(plot.host, plot.tree);
         }
         store(n, key_off, key);
     }
 }
-
 TEST(Damage, IsFoundWhereverItIs) {
     std::mt19937 random(3);
     for_all_shapes(3, 3, [](const Shape &shape, Keys keys) {
@@ -108,11 +99,10 @@ TEST(Damage, DeeperThanAnyTreeEndsTheCheck) {
     Node chain = nullptr;
     for (int i = 0; i < 300; i++) {
         const Node n = host.record(1);
-        set_link(n, nullptr, chain, 0);
-        chain = n;
+        set_link(n, nullptr, std::exchange(chain, n), 0);
     }
     tree.adopt(static_cast<Typed *>(chain));
-    EXPECT_TRUE(tree.check());
+    EXPECT_STREQ(tree.check().reason, "wrong balance");
 }
 
 } // namespace

@@ -14,7 +14,7 @@ TEST(BothFaces, WorkOnOneTree) {
         AVL_InsertStabil(plain, &i, order.back());
     }
     tree.adopt(static_cast<Typed *>(AVL_GetTree(plain)));
-    expect_order(tree, order);
+    expect_nodes(tree, order);
     EXPECT_EQ(nodes_of(tree), order);
     auto few = tree.extract(before(20), after(24));
     AVL_ConcatGreater(plain, few.release());
@@ -23,7 +23,7 @@ TEST(BothFaces, WorkOnOneTree) {
     EXPECT_EQ(AVL_SearchKey(plain, &key), order[22]);
     few.adopt(static_cast<Typed *>(AVL_GetTree(plain)));
     tree.merge(few);
-    expect_order(tree, order);
+    expect_nodes(tree, order);
 }
 
 } // namespace

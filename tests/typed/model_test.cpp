@@ -1,34 +1,39 @@
-// Long random sequences of all operations, held against a list in tree order, with positions that live through them.
+// Long random sequences of all operations, held against a list in tree order, with positions that live through them and
+// a comparator that throws.
 #include "typed.hpp"
+
+// This program is linked with --wrap=malloc.
+static int allocations;
+extern "C" {
+void *__real_malloc(std::size_t size);
+void *__wrap_malloc(std::size_t size) { return ++allocations, __real_malloc(size); }
+}
+void *operator new(std::size_t size) { return std::malloc(size); }
+void operator delete(void *block) noexcept { std::free(block); }
+void operator delete(void *block, std::size_t) noexcept { std::free(block); }
 
 namespace ovant::test {
 namespace {
 
 template <class Tree> class Model {
     static constexpr bool unique = is_set<Tree>;
-    static constexpr int keys_used = unique ? 150 : 40;
+    static constexpr int keys = unique ? 150 : 40;
     using It = typename Tree::iterator;
-
-    // A position each way, with the node that it is at; 0 for the end.
-    struct Walker {
-        It it;
-        Node at;
-        typename Tree::reverse_iterator back;
-        Node back_at;
+    template <class Position> struct Walker {
+        Position it;
+        Node at; // 0 for the end
     };
 
 public:
-    explicit Model(unsigned seed) : random_(seed) {
-        for (Walker &w : walkers_)
-            seat(w);
-    }
+    explicit Model(unsigned seed) : random_(seed) { seat(true); }
     void run(int steps) {
         constexpr void (Model::*operations[])() = {
-            &Model::insert,        &Model::insert,           &Model::replace, &Model::insert_hinted,
-            &Model::insert_hinted, &Model::insert_before,    &Model::erase,   &Model::take,
-            &Model::cut,           &Model::cut_at_positions, &Model::merge,   &Model::whole};
+            &Model::insert, &Model::insert, &Model::insert_hinted,    &Model::insert_hinted, &Model::insert_before,
+            &Model::erase,  &Model::take,   &Model::cut_at_positions, &Model::merge,         &Model::whole,
+            &Model::cut};
         for (int step = 0; step < steps && !::testing::Test::HasFailure(); step++) {
-            const int operation = below(step % 200 < 80 ? 6 : 12);
+            const auto operation = random_() % (step % 200 < 80 ? 5 : std::size(operations));
+            burns_ = step % 8 == 0;
             SCOPED_TRACE("step " + std::to_string(step) + ", operation " + std::to_string(operation));
             (this->*operations[operation])();
             expect_all();
@@ -36,19 +41,17 @@ public:
     }
 
 private:
+    // ---- The model: the nodes in order, the nodes in no tree
+
     int below(int limit) { return static_cast<int>(random_() % static_cast<unsigned>(limit)); }
-    Walker &any_walker() { return walkers_[random_() % std::size(walkers_)]; }
     auto place(std::size_t i) { return order_.begin() + static_cast<std::ptrdiff_t>(i); }
     std::size_t index(Node n) {
         return static_cast<std::size_t>(std::find(order_.begin(), order_.end(), n) - place(0));
     }
-    // In the ring of all nodes and the end.
-    Node beside(Node n, std::ptrdiff_t by) {
-        const auto size = static_cast<std::ptrdiff_t>(order_.size());
-        const auto i = static_cast<std::size_t>((static_cast<std::ptrdiff_t>(index(n)) + by + size + 1) % (size + 1));
+    Node beside(Node n, int by) { // in the ring of all nodes and the end
+        const std::size_t ring = order_.size() + 1, i = (index(n) + ring + static_cast<std::size_t>(by)) % ring;
         return i == order_.size() ? nullptr : order_[i];
     }
-
     Node fresh(int key) {
         if (spare_.empty())
             return host_.record(key);
@@ -57,358 +60,328 @@ private:
         store(n, key_off, key);
         return n;
     }
-    void gone(Node n) { // whatever still reads the link fails
-        spoil_link(n);
-        spare_.push_back(n);
-    }
-    void gone(const std::vector<Node> &nodes) {
-        for (Node n : nodes)
-            gone(n);
-    }
-    Node remove(Node n) {
-        order_.erase(place(index(n)));
-        gone(n);
-        return n;
-    }
-    std::vector<Node> remove(std::size_t first, std::size_t last) {
+    void put(std::size_t i, Node n) { order_.insert(place(i), n); }
+    std::vector<Node> leave(std::size_t first, std::size_t last) {
         const std::vector<Node> nodes(place(first), place(last));
         order_.erase(place(first), place(last));
         return nodes;
     }
+    void spare(const std::vector<Node> &nodes) { // whatever still reads a link fails
+        for (Node n : nodes)
+            spoil_link(n);
+        spare_.insert(spare_.end(), nodes.begin(), nodes.end());
+    }
+    static std::vector<Typed *> records(const std::vector<Node> &nodes) {
+        std::vector<Typed *> all;
+        for (Node n : nodes)
+            all.push_back(&typed(n));
+        return all;
+    }
+
+    // An operation, now and then first with a comparator that throws at the first question, at the second one and so
+    // on, until it comes through: before that it has changed nothing.  It never allocates.
+    template <class F, class Verify> decltype(auto) call(F operation, Verify verify) {
+        for (int n = burns_;; n++) {
+            try {
+                const struct Out {
+                    ~Out() {
+                        fuse = 0;
+                        EXPECT_EQ(allocations, before);
+                    }
+                    int before = allocations;
+                } out;
+                fuse = n;
+                return operation();
+            } catch (Burnt) {
+                verify();
+            }
+        }
+    }
+    template <class F> decltype(auto) call(F operation) {
+        return call(operation, [&, root = root_of(tree_), bytes = burns_ ? host_.bytes() : std::deque<Record>()] {
+            EXPECT_TRUE(root_of(tree_) == root && host_ == bytes);
+        });
+    }
 
     // ---- Positions
 
-    void seat(Walker &w) {
-        const Node n = order_.empty() ? nullptr : order_[random_() % order_.size()];
-        const int form = n ? below(4) : 0;
-        w.it = form == 0   ? tree_.end()
-               : form == 1 ? tree_.iterator_to(typed(n))
-               : form == 2 ? tree_.find(key_of(n))
-                           : tree_.begin();
-        w.at = form == 0 ? nullptr : &*w.it;
-        w.back = below(2) ? tree_.rbegin() : tree_.rend();
-        w.back_at = w.back == tree_.rend() ? nullptr : order_.back();
-    }
-    void seat_all() {
-        for (Walker &w : walkers_)
-            seat(w);
-    }
-    template <class Position> void stroll(Position &it, Node &at, int way) {
-        if (below(2) && at) {
-            below(2) ? ++it : (it++, it);
-            at = beside(at, way);
-        } else if (const Node near = beside(at, -way)) {
-            below(2) ? --it : (it--, it);
-            at = near;
-        }
-        EXPECT_TRUE(!at || &*it == at);
-    }
-    // A position that an operation has given back stands at the node and has its path: a walk from there compares
-    // nothing.
-    void expect_path(const It &position, Node at) {
-        seen.comparisons = 0;
-        EXPECT_TRUE(at ? &*position == at : position == tree_.end());
-        for (const int way : {+1, -1}) {
-            It it = position;
-            Node n = at;
-            for (int i = 0; i < 6 && (way > 0 ? n : beside(n, -1)) && !::testing::Test::HasFailure(); i++) {
-                way > 0 ? ++it : --it;
-                n = beside(n, way);
-                EXPECT_TRUE(n ? &*it == n : it == tree_.end());
+    It position(std::size_t i) { return i == order_.size() ? tree_.end() : tree_.iterator_to(typed(order_[i])); }
+    bool stands(const It &it, Node at) { return at ? &*it == at : it == tree_.end(); }
+    Walker<It> &any_walker() { return forward_[random_() % std::size(forward_)]; }
+
+    void seat(bool all) { // those whose node has left
+        for (auto &w : forward_)
+            if (all || (w.at && index(w.at) == order_.size())) {
+                w.it = below(3) ? position(random_() % (order_.size() + 1)) : tree_.begin();
+                w.at = w.it == tree_.end() ? nullptr : &*w.it;
             }
+        for (auto &w : backward_)
+            if (all || (w.at && index(w.at) == order_.size())) {
+                w.it = below(2) ? tree_.rbegin() : tree_.rend();
+                w.at = w.it == tree_.rend() ? nullptr : order_.back();
+            }
+    }
+    template <class Position> void stroll(Walker<Position> &w, int way) {
+        if (below(2) && w.at) {
+            call([&] { ++w.it; });
+            w.at = beside(w.at, way);
+        } else if (const Node near = beside(w.at, -way)) {
+            call([&] { --w.it; });
+            w.at = near;
+        }
+        EXPECT_TRUE(!w.at || &*w.it == w.at);
+    }
+    // What an operation has given back has its path: a walk from there compares nothing.
+    void expect_path(const It &found, Node node) {
+        seen.comparisons = 0;
+        EXPECT_TRUE(stands(found, node));
+        for (const int way : {+1, -1}) {
+            Walker<It> w{found, node};
+            for (int i = 0; i < 6 && (way > 0 ? w.at : beside(w.at, -1)) && stands(w.it, w.at); i++) {
+                way > 0 ? ++w.it : --w.it;
+                w.at = beside(w.at, way);
+            }
+            EXPECT_TRUE(stands(w.it, w.at));
         }
         EXPECT_EQ(seen.comparisons, 0);
     }
     void expect_all() {
-        expect_order(tree_, order_);
-        std::vector<Node> backward, visited;
-        for (auto it = tree_.crbegin(); it != tree_.crend(); ++it)
-            backward.insert(backward.begin(), const_cast<Typed *>(&*it));
+        expect_nodes(tree_, order_);
+        EXPECT_FALSE(tree_.check());
+        std::vector<Node> visited;
         tree_.for_each([&](Typed &x) { visited.push_back(&x); });
-        EXPECT_TRUE(nodes_of(tree_) == order_ && visited == order_ && backward == order_);
-        for (Walker &w : walkers_) {
-            if ((w.at && index(w.at) == order_.size()) || (w.back_at && index(w.back_at) == order_.size()))
-                seat(w);
-            stroll(w.it, w.at, +1);
-            stroll(w.back, w.back_at, -1);
-            const Node base = w.back_at ? beside(w.back_at, 1) : beside(nullptr, 1);
-            EXPECT_TRUE(base ? &*w.back.base() == base : w.back.base() == tree_.end());
+        EXPECT_TRUE(nodes_of(tree_) == order_ && visited == order_);
+        EXPECT_TRUE(std::equal(tree_.crbegin(), tree_.crend(), order_.rbegin(), order_.rend(),
+                               [](const Typed &x, Node n) { return &x == n; }));
+        seat(false);
+        for (auto &w : forward_)
+            stroll(w, +1);
+        for (auto &w : backward_) {
+            stroll(w, -1);
+            EXPECT_TRUE(stands(w.it.base(), beside(w.at, +1)));
         }
-        if (below(4) == 0)
-            any_walker() = any_walker();
+        any_walker() = any_walker();
     }
 
     // ---- In
 
     void insert() {
-        const Node x = fresh(below(keys_used));
-        const EqualRun run = run_of(order_, key_of(x));
+        const Node n = fresh(below(keys));
+        Typed &x = typed(n);
+        const EqualRun run = run_of(order_, x.key());
         if constexpr (unique) {
-            const auto [it, inserted] = tree_.insert(typed(x));
-            EXPECT_EQ(inserted, run.front == run.back);
-            EXPECT_EQ(&*it, inserted ? x : order_[run.front]);
-            inserted ? void(order_.insert(place(run.front), x)) : gone(x);
+            const Node old = run.front == run.back ? nullptr : order_[run.front];
+            const int form = below(4);
+            if (form == 0) {
+                EXPECT_EQ(call([&] { return tree_.insert_or_replace(x); }), old);
+                spare(leave(run.front, run.back));
+                return put(run.front, n);
+            }
+            Typed *const offer = form == 1 ? nullptr : &x;
+            const auto [it, inserted] = call(
+                [&] { return form == 2 ? tree_.insert(x) : tree_.find_or_insert(x.key(), [&] { return offer; }); });
+            EXPECT_TRUE(inserted == (!old && offer) && stands(it, old ? old : offer));
+            inserted ? put(run.front, n) : spare({n});
         } else {
             const bool in_front = below(3) == 0;
-            EXPECT_EQ(&*(in_front ? tree_.insert_front(typed(x)) : tree_.insert(typed(x))), x);
-            order_.insert(place(in_front ? run.front : run.back), x);
+            EXPECT_EQ(&*call([&] { return in_front ? tree_.insert_front(x) : tree_.insert(x); }), n);
+            put(in_front ? run.front : run.back, n);
         }
     }
-    void replace() {
-        if constexpr (unique) {
-            const Node x = fresh(below(keys_used));
-            const EqualRun run = run_of(order_, key_of(x));
-            const Node old = run.front == run.back ? nullptr : order_[run.front];
-            const int form = below(3);
-            if (form == 0) {
-                EXPECT_EQ(tree_.insert_or_replace(typed(x)), old);
-                old ? void(*place(run.front) = x) : void(order_.insert(place(run.front), x));
-                if (old)
-                    gone(old);
-                return;
-            }
-            Typed *const offer = form == 1 ? &typed(x) : nullptr;
-            const auto [it, inserted] = tree_.find_or_insert(key_of(x), [&] {
-                EXPECT_FALSE(old);
-                return offer;
-            });
-            EXPECT_EQ(inserted, !old && offer);
-            EXPECT_TRUE(old || offer ? &*it == (old ? old : x) : it == tree_.end());
-            inserted ? void(order_.insert(place(run.front), x)) : gone(x);
-        }
-    }
-    void insert_hinted() {
-        Walker &w = any_walker();
+    void insert_hinted() { // with good hints and bad ones
+        Walker<It> &w = any_walker();
         const std::size_t at = index(w.at);
-        const Node x = fresh(w.at && below(3) ? key_of(w.at) + below(3) - 1 : below(keys_used));
-        const EqualRun run = run_of(order_, key_of(x));
-        w.it = tree_.insert(w.it, typed(x));
+        const Node n = fresh(w.at && below(3) ? key_of(w.at) + below(3) - 1 : below(keys));
+        const EqualRun run = run_of(order_, key_of(n));
+        if (below(2))
+            call([&] { tree_.push(w.it, typed(n)); });
+        else
+            w.it = call([&] { return tree_.insert(w.it, typed(n)); });
         if (unique && run.front != run.back) {
+            spare({n});
             w.at = order_[run.front];
-            EXPECT_EQ(&*w.it, w.at);
-            return gone(x);
+            EXPECT_TRUE(stands(w.it, w.at));
+        } else {
+            put(run.back, w.at = n);
+            EXPECT_TRUE(stands(w.it, n));
+            if (run.back == at || run.back == at + 1)
+                expect_path(w.it, n);
         }
-        const bool beside_hint = at == run.back || at + 1 == run.back; // behind its equals, whatever the hint
-        order_.insert(place(run.back), x);
-        w.at = x;
-        EXPECT_EQ(&*w.it, x);
-        if (beside_hint)
-            expect_path(w.it, x);
     }
     void insert_before() {
-        Walker &w = any_walker();
+        Walker<It> &w = any_walker();
         const std::size_t at = index(w.at);
-        const int least = at == 0 ? 0 : key_of(order_[at - 1]) + unique;
-        const int most = w.at ? key_of(w.at) - unique : keys_used;
+        const int least = at == 0 ? 0 : key_of(order_[at - 1]) + unique, most = w.at ? key_of(w.at) - unique : keys;
         if (least > most)
             return;
-        const Node x = fresh(least + below(most - least + 1));
-        w.it = !w.at && below(2)     ? tree_.push_back(typed(x))
-               : at == 0 && below(2) ? tree_.push_front(typed(x))
-                                     : tree_.insert_before(w.it, typed(x));
-        order_.insert(place(at), x);
-        w.at = x;
-        expect_path(w.it, x);
+        Typed &x = typed(fresh(least + below(most - least + 1)));
+        w.it = call([&] {
+            return !w.at ? tree_.push_back(x) : at == 0 ? tree_.push_front(x) : tree_.insert_before(w.it, x);
+        });
+        put(at, w.at = &x);
+        expect_path(w.it, w.at);
     }
 
     // ---- Out
 
     void erase() { // some in a row
-        Walker &w = any_walker();
+        Walker<It> &w = any_walker();
         for (int i = below(5); i >= 0 && w.at; i--) {
-            const Node x = w.at;
-            w.at = beside(x, 1);
-            w.it = below(2) ? tree_.erase(w.it) : tree_.erase(typename Tree::const_iterator(w.it));
-            remove(x);
+            const std::size_t at = index(w.at);
+            if (below(2))
+                EXPECT_EQ(call([&] { return tree_.pop(w.it); }), w.at);
+            else
+                w.it = call([&] { return tree_.erase(w.it); });
+            w.at = beside(w.at, 1);
+            spare(leave(at, at + 1));
             expect_path(w.it, w.at);
         }
     }
     void take() {
         if (order_.empty()) {
-            EXPECT_TRUE(!tree_.pop_front() && !tree_.pop_back() && !tree_.extract(1) && tree_.erase(1) == 0);
+            EXPECT_TRUE(!tree_.pop_front() && !tree_.pop_back() && !tree_.extract(1) && !tree_.erase(1));
             return;
         }
         const Node x = order_[random_() % order_.size()], next = beside(x, 1);
         const EqualRun run = run_of(order_, key_of(x));
         const int form = below(7);
         if (form == 0) {
-            EXPECT_EQ(tree_.erase(key_of(x)), run.back - run.front);
-            return gone(remove(run.front, run.back));
+            EXPECT_EQ(call([&] { return tree_.erase(key_of(x)); }), run.back - run.front);
+            return spare(leave(run.front, run.back));
         }
-        if (form == 1) {
-            const It it = tree_.erase(typed(x));
-            remove(x);
-            return expect_path(it, next);
-        }
-        const Node taken = form == 2   ? tree_.extract(typed(x))
-                           : form == 3 ? tree_.extract(tree_.iterator_to(typed(x)))
-                           : form == 4 ? tree_.extract(key_of(x))
-                           : form == 5 ? tree_.pop_front()
-                                       : tree_.pop_back();
+        It behind = tree_.end();
+        const Node taken = call([&] {
+            return form == 1   ? (behind = tree_.erase(typed(x)), &typed(x))
+                   : form == 2 ? tree_.extract(typed(x))
+                   : form == 3 ? tree_.extract(tree_.iterator_to(typed(x)))
+                   : form == 4 ? tree_.extract(key_of(x))
+                   : form == 5 ? tree_.pop_front()
+                               : tree_.pop_back();
+        });
         const std::size_t at = index(taken);
-        EXPECT_TRUE(form == 5   ? at == 0
+        EXPECT_TRUE(form == 4   ? run.front <= at && at < run.back
+                    : form == 5 ? at == 0
                     : form == 6 ? at + 1 == order_.size()
-                    : form == 4 ? run.front <= at && at < run.back
                                 : taken == x);
-        remove(taken);
+        spare(leave(at, at + 1));
+        if (form == 1)
+            expect_path(behind, next);
     }
 
     // ---- Intervals, and trees joined
 
-    // A part that has left goes, or comes back as it left or record by record.
+    // A part that has left stays away, or comes back as it left or record by record.
     void rejoin(Tree part, std::size_t at, const std::vector<Node> &nodes) {
-        expect_order(part, nodes);
-        const bool last = at == order_.size(), first = at == 0;
-        switch (below(4)) {
-        case 0:
-            if (!last && !first)
-                return gone(nodes);
-            last ? tree_.append(std::move(part)) : tree_.prepend(std::move(part));
+        expect_nodes(part, nodes);
+        const int form = below(4);
+        if (form == 0 || (form == 1 && at != 0 && at != order_.size()))
+            return spare(nodes);
+        if (form > 1) {
+            merge(part, nodes);
+        } else {
+            at == 0 ? tree_.prepend(std::move(part)) : tree_.append(std::move(part));
             order_.insert(place(at), nodes.begin(), nodes.end());
-            break;
-        case 1:
-            gone(nodes);
-            return;
-        default:
-            tree_.merge(part);
-            for (Node n : nodes)
-                order_.insert(place(run_of(order_, key_of(n)).back), n);
         }
-        EXPECT_TRUE(part.empty());
     }
     void cut() {
-        const int first_kind = below(5), second_kind = below(5), first_key = below(keys_used);
-        const int second_key = first_key + below(20) - 3;
+        const int kinds[] = {below(5), below(5)}, key = below(keys), other_key = key + below(20) - 3;
         int kind = 0;
-        for_all_gaps(order_, first_key, true, [&](const auto &first, std::size_t begin) {
-            if (kind++ != first_kind)
-                return;
+        for_all_gaps(order_, key, true, [&](const auto &first, std::size_t begin) {
             int other_kind = 0;
-            for_all_gaps(order_, second_key, true, [&](const auto &second, std::size_t end) {
-                if (other_kind++ == second_kind)
-                    cut(first, begin, second, std::max(begin, end));
-            });
+            if (kind++ == kinds[0])
+                for_all_gaps(order_, other_key, true, [&](const auto &last, std::size_t end) {
+                    if (other_kind++ == kinds[1])
+                        cut(first, begin, last, std::max(begin, end));
+                });
         });
     }
-    template <class First, class Second>
-    void cut(const First &first, std::size_t begin, const Second &second, std::size_t end) {
-        EXPECT_TRUE(nodes_of(tree_.between(first, second)) == std::vector<Node>(place(begin), place(end)));
-        EXPECT_EQ(tree_.count(first, second), end - begin);
-        if (below(4) == 0) {
-            std::size_t disposed = 0;
-            tree_.erase(first, second, [&](Typed *) { disposed++; });
-            EXPECT_EQ(disposed, end - begin);
-            gone(remove(begin, end));
-        } else {
-            Tree part = tree_.extract(first, second);
-            const std::vector<Node> nodes = remove(begin, end);
-            rejoin(std::move(part), begin, nodes);
-        }
+    template <class First, class Last>
+    void cut(const First &first, std::size_t begin, const Last &last, std::size_t end) {
+        EXPECT_TRUE(nodes_of(tree_.between(first, last)) == std::vector<Node>(place(begin), place(end)));
+        EXPECT_EQ(tree_.count(first, last), end - begin);
+        rejoin(call([&] { return tree_.extract(first, last); }), begin, leave(begin, end));
     }
     void cut_at_positions() {
-        const std::size_t size = order_.size(), begin = random_() % (size + 1);
-        const std::size_t end = begin + random_() % (size - begin + 1);
-        const auto position = [&](std::size_t i) {
-            return i == size ? tree_.end() : tree_.iterator_to(typed(order_[i]));
-        };
+        const std::size_t begin = random_() % (order_.size() + 1),
+                          end = begin + random_() % (order_.size() - begin + 1);
         It first = position(begin), last = position(end);
-        if (below(2) && begin != end) // with a path
+        if (below(2) && begin != end) // with paths
             ++first, --first, --last, ++last;
         if (below(2)) {
-            const It it = tree_.erase(first, last);
-            EXPECT_EQ(it, position(end));
-            gone(remove(begin, end));
+            EXPECT_EQ(call([&] { return tree_.erase(first, last); }), position(end));
+            spare(leave(begin, end));
         } else {
-            Tree part = tree_.extract(first, last);
-            const std::vector<Node> nodes = remove(begin, end);
-            rejoin(std::move(part), begin, nodes);
+            rejoin(call([&] { return tree_.extract(first, last); }), begin, leave(begin, end));
         }
     }
     void merge() {
+        std::vector<Node> others;
+        for (int i = below(12), key = below(keys); i > 0; i--)
+            others.push_back(fresh(key += unique + below(4)));
         Tree other;
-        std::vector<Node> others, refused;
-        for (int i = below(12), base = below(keys_used); i > 0; i--) {
-            const Node x = fresh(base + below(20));
-            const EqualRun run = run_of(others, key_of(x));
-            if (unique && run.front != run.back) {
-                gone(x);
-                continue;
-            }
-            other.insert(typed(x));
-            others.insert(others.begin() + static_cast<std::ptrdiff_t>(run.back), x);
-        }
-        tree_.merge(other);
+        other.assign_sorted(records(others));
+        merge(other, others);
+    }
+    void merge(Tree &other, const std::vector<Node> &others) {
+        call([&] { tree_.merge(other); }, [&] { // each record is in one tree or the other
+            const std::vector<Node> here = nodes_of(tree_), there = nodes_of(other);
+            expect_nodes(tree_, here);
+            expect_nodes(other, there);
+            EXPECT_EQ(here.size() + there.size(), order_.size() + others.size());
+        });
+        std::vector<Node> refused;
         for (Node n : others) {
             const EqualRun run = run_of(order_, key_of(n));
-            if (unique && run.front != run.back)
-                refused.push_back(n);
-            else
-                order_.insert(place(run.back), n);
+            unique &&run.front != run.back ? refused.push_back(n) : put(run.back, n);
         }
-        expect_order(other, refused);
-        gone(refused);
+        expect_nodes(other, refused);
         other.clear();
+        spare(refused);
     }
 
     // ---- Whole trees
 
     void whole() {
-        switch (below(6)) {
-        case 0: {
-            std::vector<Typed *> records;
-            for (Node n : order_)
-                records.push_back(&typed(n));
-            tree_.assign_sorted(records);
-            break;
-        }
-        case 1: {
+        const int form = below(20);
+        if (form < 2) {
+            tree_.assign_sorted(records(order_));
+        } else if (form < 4) {
             const Tree original = std::exchange(tree_, Tree());
-            const std::vector<Node> originals = std::exchange(order_, {});
             EXPECT_TRUE(tree_.clone_from(original, [&](const Typed &x) { return &typed(fresh(x.key())); }));
-            order_ = nodes_of(tree_);
-            EXPECT_TRUE(keys_of(order_) == keys_of(originals));
+            const std::vector<Node> originals = std::exchange(order_, nodes_of(tree_));
             EXPECT_TRUE(std::equal(order_.begin(), order_.end(), originals.begin(), originals.end(),
-                                   [](Node a, Node b) { return a != b && link_of(a).Balance == link_of(b).Balance; }))
+                                   [](Node a, Node b) {
+                                       return a != b && key_of(a) == key_of(b) &&
+                                              link_of(a).Balance == link_of(b).Balance;
+                                   }))
                 << "the same shape";
-            gone(originals);
-            break;
-        }
-        case 2: {
+            spare(originals);
+        } else if (form < 6) {
             Tree moved = std::move(tree_), empty;
-            EXPECT_TRUE(tree_.empty()); // NOLINT(bugprone-use-after-move)
             swap(moved, empty);
             tree_ = std::move(empty);
-            break;
-        }
-        case 3: {
-            Typed *const root = tree_.release();
-            expect_order(tree_, {});
-            tree_.adopt(root);
-            break;
-        }
-        case 4:
-            if (below(4))
-                return;
+        } else if (form < 8) {
+            tree_.adopt(tree_.release());
+        } else if (form == 8) {
             tree_.clear();
-            gone(std::exchange(order_, {}));
-            break;
-        default:
-            return;
+            spare(std::exchange(order_, {}));
         }
-        seat_all();
+        seat(form <= 8);
     }
 
     Host host_;
     std::mt19937 random_;
+    int burns_ = 0;
     Tree tree_;
     std::vector<Node> order_, spare_;
-    Walker walkers_[5];
+    Walker<It> forward_[5];
+    Walker<typename Tree::reverse_iterator> backward_[2];
 };
 
 template <class Tree> struct RandomSequences : ::testing::Test {};
 TYPED_TEST_SUITE(RandomSequences, Trees);
 TYPED_TEST(RandomSequences, AgreeWithAList) {
-    for (unsigned seed = 1; seed <= 4; seed++)
+    for (unsigned seed = 1; seed <= 3; seed++)
         Model<TypeParam>(seed).run(3000);
 }
 

@@ -4,39 +4,21 @@
 namespace ovant::test {
 namespace {
 
-// A tree that every operation finds in its first shape.
-template <class Tree> struct Plot {
-    Plot(const Shape &shape, Keys keys) : first(host, shape, keys) {}
-    Tree &fresh() {
-        tree.clear();
-        tree.adopt(static_cast<Typed *>(first.restore()));
-        seen.comparisons = 0;
-        return tree;
-    }
-
-    Host host;
-    Sapling first;
-    Tree tree;
-};
-
 template <class Tree, class First, class Last>
 void expect_cut(Plot<Tree> &plot, const First &first, std::size_t begin, const Last &last, std::size_t end) {
-    const auto position = [&](std::size_t i) { return plot.first.order.begin() + static_cast<std::ptrdiff_t>(i); };
-    const std::vector<Node> inner(position(begin), position(end));
-    std::vector<Node> outer(plot.first.order.begin(), position(begin));
-    outer.insert(outer.end(), position(end), plot.first.order.end());
+    const std::size_t size = plot.first.order.size();
+    const std::vector<Node> inner = plot.part(begin, end), behind = plot.part(end, size);
+    std::vector<Node> outer = plot.part(0, begin);
+    outer.insert(outer.end(), behind.begin(), behind.end());
 
     Tree part = plot.fresh().extract(first, last);
     EXPECT_LE(seen.comparisons, 2 * plot.first.height);
     expect_nodes(part, inner);
     expect_nodes(plot.tree, outer);
     EXPECT_TRUE(!inner.empty() || plot.first.untouched());
-    if (begin == 0)
-        plot.tree.prepend(std::move(part));
-    else if (end == plot.first.order.size())
-        plot.tree.append(std::move(part));
-    else
-        plot.tree.merge(part);
+    begin == 0    ? plot.tree.prepend(std::move(part))
+    : end == size ? plot.tree.append(std::move(part))
+                  : plot.tree.merge(part);
     expect_nodes(plot.tree, plot.first.order);
 
     plot.fresh();
@@ -67,17 +49,16 @@ TEST(AllShapes, AreCutAtAllGaps) {
 
 template <class Tree> struct Costs : ::testing::Test {};
 TYPED_TEST_SUITE(Costs, Trees);
-TYPED_TEST(Costs, AComparisonALevelAndNoneForANeighbour) {
+TYPED_TEST(Costs, AComparisonALevelAndNextToNoneBesideAPosition) {
+    constexpr bool asks_twice = std::is_same_v<typename TypeParam::key_compare, Predicate>;
     for (const int lean : {-1, 0, +1}) {
-        Plot<TypeParam> plot(leaning_shape(lean ? 12 : 9, lean), {});
-        TypeParam &tree = plot.fresh();
-        for (const Node n : plot.first.order) {
-            for (const int key : {key_of(n), key_of(n) + 5}) {
-                EXPECT_EQ(tree.contains(key), key == key_of(n));
-                EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height + is_predicate<TypeParam>);
-                tree.upper_bound(key);
-                EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height);
-            }
+        Plot<TypeParam> plot(leaning_shape(lean ? 12 : 9, lean));
+        TypeParam &tree = plot.tree;
+        for (int key = 5; key <= key_of(plot.first.order.back()); key += 5) {
+            EXPECT_EQ(tree.contains(key), key % 10 == 0);
+            EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height + asks_twice);
+            tree.upper_bound(key);
+            EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height);
         }
         tree.clear();
         auto hint = tree.end();

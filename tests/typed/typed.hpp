@@ -6,8 +6,6 @@
 #include "support/check.hpp"
 #include "support/shapes.hpp"
 
-#include <functional>
-
 namespace ovant::test {
 
 // The same bytes as a Record, so that both faces, the shapes and the recursive checker meet on one node.
@@ -21,31 +19,21 @@ struct Typed {
 static_assert(sizeof(Typed) == sizeof(Record) && offsetof(Typed, link) == link_off);
 inline Typed &typed(Node n) { return *static_cast<Typed *>(n); }
 
-// Orders that count, and throw at the comparison, or copy, at which the fuse burns down.
+// Orders that count.  When the fuse burns down, a comparison throws, or a copy of the comparator.
 struct Burnt {};
 inline int fuse = 0;
 inline void burn() {
     if (fuse && --fuse == 0)
         throw Burnt();
 }
-inline void asked() {
-    seen.comparisons++;
-    burn();
-}
 struct ThreeWay {
     ThreeWay() = default;
     ThreeWay(const ThreeWay &) { burn(); }
     ThreeWay &operator=(const ThreeWay &) = default;
-    std::weak_ordering operator()(int a, int b) const {
-        asked();
-        return a <=> b;
-    }
+    std::weak_ordering operator()(int a, int b) const { return seen.comparisons++, burn(), a <=> b; }
 };
 struct Predicate {
-    bool operator()(int a, int b) const {
-        asked();
-        return a < b;
-    }
+    bool operator()(int a, int b) const { return seen.comparisons++, burn(), a < b; }
 };
 
 template <class Compare> using Set = ovant::set<&Typed::link, &Typed::key, Compare>;
@@ -56,29 +44,40 @@ using Trees = ::testing::Types<Set<ThreeWay>, Multiset<Predicate>>;
 using Trees = ::testing::Types<Set<ThreeWay>, Multiset<ThreeWay>, Set<Predicate>, Multiset<Predicate>>;
 #endif
 template <class Tree> constexpr bool is_set = requires(Tree t, Typed x) { t.insert_or_replace(x); };
-template <class Tree> constexpr bool is_predicate = std::is_same_v<typename Tree::key_compare, Predicate>;
 
 template <class Tree> Node root_of(const Tree &tree) { return load<Node>(&tree); } // its first word
-
-// The tree is sound, and holds these nodes in this order.
-template <class Tree> void expect_nodes(const Tree &tree, const std::vector<Node> &order) {
-    std::vector<Node> found;
-    check_below(root_of(tree), found, 0);
-    EXPECT_TRUE(found == order) << "instead of " << ::testing::PrintToString(keys_of(order)) << " there is "
-                                << ::testing::PrintToString(keys_of(found));
-}
-// And it says so.
-template <class Tree> void expect_order(Tree &tree, const std::vector<Node> &order) {
-    expect_nodes(tree, order);
-    const auto finding = tree.check();
-    EXPECT_FALSE(finding) << finding.reason << " at " << finding.way;
-}
 template <class Range> std::vector<Node> nodes_of(const Range &range) {
     std::vector<Node> nodes;
     for (auto &x : range)
         nodes.push_back(const_cast<Typed *>(&x));
     return nodes;
 }
+
+// The tree is sound, and holds these nodes in this order.
+template <class Tree> void expect_nodes(const Tree &tree, const std::vector<Node> &order) {
+    std::vector<Node> found;
+    check_below(root_of(tree), found, 0);
+    EXPECT_TRUE(found == order) << ::testing::PrintToString(keys_of(order)) << " is "
+                                << ::testing::PrintToString(keys_of(found));
+}
+
+// A tree that every operation finds in its first shape.
+template <class Tree> struct Plot {
+    explicit Plot(const Shape &shape, Keys keys = {}) : first(host, shape, keys) { fresh(); }
+    Tree &fresh() {
+        tree.clear();
+        tree.adopt(static_cast<Typed *>(first.restore()));
+        seen.comparisons = 0;
+        return tree;
+    }
+    std::vector<Node> part(std::size_t begin, std::size_t end) const {
+        return {first.order.begin() + static_cast<std::ptrdiff_t>(begin),
+                first.order.begin() + static_cast<std::ptrdiff_t>(end)};
+    }
+    Host host;
+    Sapling first;
+    Tree tree;
+};
 
 // Calls visit(gap, where it lies in the order) with the two gaps around a key, or with gaps of all kinds.
 template <class Visit> void for_all_gaps(const std::vector<Node> &order, int key, bool all_kinds, Visit visit) {

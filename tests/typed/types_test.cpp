@@ -61,11 +61,13 @@ TEST(Ranges, AlgorithmsAndViewsTakeTreesAndIntervals) {
         events[i].time = 10 * (5 - i);
         day.insert(events[i]);
     }
-    const auto late = [](const Event &event) { return event.time > 20; };
+    [[maybe_unused]] const auto late = [](const Event &event) { return event.time > 20; };
+#if !defined(__clang__) || __clang_major__ >= 16 // older ones do not compile the views of the standard library
     EXPECT_EQ(times_of(day | std::views::filter(late) | std::views::reverse | std::views::take(2)), (Times{50, 40}));
     EXPECT_EQ(times_of(day.between(before(10), after(30)) | std::views::drop(1)), (Times{20, 30}));
     EXPECT_EQ(times_of(std::views::reverse(std::as_const(day))),
               times_of(std::ranges::subrange(day.rbegin(), day.rend())));
+#endif
     EXPECT_TRUE(std::prev(day.end())->time == 50 && std::ranges::find(day, 30, &Event::time) == day.find(30));
     EXPECT_TRUE(std::ranges::is_sorted(day, {}, &Event::time) && std::ranges::distance(day.equal_range(20)) == 1);
     EXPECT_EQ(std::ranges::max_element(day.between(ovant::start, before(35)), {}, &Event::time)->time, 30);
@@ -79,8 +81,8 @@ TEST(Ranges, AlgorithmsAndViewsTakeTreesAndIntervals) {
 
 // Comes in from the last to the first, stands in order, and goes.
 template <class Tree, class T> void expect_order(Tree &&tree, std::initializer_list<T *> order) {
-    for (T *x : std::views::reverse(order))
-        tree.insert(*x);
+    for (std::size_t i = order.size(); i-- > 0;)
+        tree.insert(*order.begin()[i]);
     EXPECT_TRUE(std::ranges::equal(tree, order, {}, [](T &x) { return &x; }));
     EXPECT_FALSE(tree.check());
     for (T *x : order)
@@ -98,7 +100,7 @@ public:
 
 private:
     friend struct Familiar;
-    char odd_ = 0;
+    [[maybe_unused]] char odd_ = 0;
     ovant::link link_;
     int key_;
 };
@@ -193,9 +195,10 @@ struct Owned {
     int key;
     ovant::link link;
 };
+using Owner = multiset<&Owned::link, &Owned::key, std::compare_three_way, std::default_delete<Owned>>;
 TEST(Ownership, EndsEachRecordOnce) {
     {
-        multiset<&Owned::link, &Owned::key, std::compare_three_way, std::default_delete<Owned>> tree, other;
+        Owner tree, other;
         for (int i = 0; i < 20; i++)
             tree.insert(*new Owned(i / 2));
         tree.erase(tree.find(9));
@@ -211,6 +214,28 @@ TEST(Ownership, EndsEachRecordOnce) {
         tree.merge(other);
     }
     EXPECT_EQ(Owned::alive, 0);
+}
+TEST(Ownership, ACloneIsAllOrNothing) {
+    Owner tree, copy;
+    for (int i = 0; i < 20; i++)
+        tree.insert(*new Owned(i));
+    copy.insert(*new Owned(7));
+    for (int n = 0; n <= 40; n++) { // of each two, one throws at its call n / 2 and one gives nullptr
+        int calls = 0;
+        bool done = false;
+        try {
+            done = copy.clone_from(tree, [&](const Owned &x) -> Owned * {
+                if (calls++ < n / 2)
+                    return new Owned(x.key);
+                return n % 2 ? throw n : nullptr;
+            });
+        } catch (int) {
+        }
+        EXPECT_EQ(done, n == 40);
+        EXPECT_EQ(Owned::alive, 20 + (done ? 20 : 1));
+        EXPECT_TRUE(!copy.check() && !tree.check() && copy.contains(7) &&
+                    copy.count(ovant::start, ovant::finish) == (done ? 20 : 1));
+    }
 }
 
 } // namespace

@@ -20,7 +20,7 @@ public:
     // "shared": two links lead to it; way is the second one.
     const char *reason = "sound";
     // "left, right, right", or "root".
-    char way[7 * (engine::greatest_height(sizeof(T)) + 2)] = "";
+    char way[7 * (engine::greatest_height(sizeof(T)) + 2)] = {};
 };
 
 namespace typed {
