@@ -121,6 +121,8 @@ public:
     // the other tree.  A comparison a level for each, or one in all where one tree stands behind the other.  If the
     // comparator throws, each record is in one tree or the other.
     void merge(ordered &&other) {
+        if (&other == this)
+            return;
         if (!root_ || other.empty() || this->follows()(&this->back(), &other.front()))
             return append(static_cast<ordered &&>(other));
         for (iterator it = other.begin(); it != other.end();)
