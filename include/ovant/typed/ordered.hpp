@@ -114,8 +114,8 @@ public:
 
     // Other's records stand behind, or in front of, all of this tree's.  O(H), no comparison.  Requires: they belong
     // there.
-    void append(ordered &&other) noexcept { join<Side::right>(other); }
-    void prepend(ordered &&other) noexcept { join<Side::left>(other); }
+    void append(ordered &&other) noexcept(!typed::checks || Traits::quiet_for_record) { join<Side::right>(other); }
+    void prepend(ordered &&other) noexcept(!typed::checks || Traits::quiet_for_record) { join<Side::left>(other); }
 
     // Other's records come in, wherever they belong: behind their equals, where equals may stand; a set leaves them in
     // the other tree.  A comparison a level for each, or one in all where one tree stands behind the other.  If the
@@ -167,7 +167,7 @@ private:
         part(result, parts.outer, parts.inner);
     }
 
-    template <Side S> void join(ordered &other) noexcept {
+    template <Side S> void join(ordered &other) noexcept(!typed::checks || Traits::quiet_for_record) {
         if constexpr (typed::checks)
             if (root_ && other.root_)
                 require_behind<S>(other);
