@@ -30,15 +30,22 @@ endfunction()
 install_pc(ovant "${PROJECT_DESCRIPTION}" "Libs: -L\${libdir} -lovant\n")
 install_pc(ovant-headers "${PROJECT_DESCRIPTION}: C++ headers alone" "")
 
-install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
+option(OVANT_PACKAGE "Install what Debian packages carry, and let CPack make them" OFF)
+if(NOT OVANT_PACKAGE) # packages have their own forms of these
+    install(FILES LICENSE README.md CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT dev)
 
-# The manual page, also under the name of each function in its synopsis.
-install(FILES docs/ovant.3 DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev)
-file(STRINGS docs/ovant.3 functions REGEX "^\\.(Fo AVL_|Fn AVL_[A-Za-z]+ \")")
-list(TRANSFORM functions REPLACE "^\\.F[on] ([A-Za-z_]+).*" "\\1")
-foreach(function IN LISTS functions)
-    set(page ${PROJECT_BINARY_DIR}/man/${function}.3)
-    file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/man)
-    file(CREATE_LINK ovant.3 ${page} SYMBOLIC)
-    install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev)
-endforeach()
+    # The manual page, also under the name of each function in its synopsis.
+    install(FILES docs/ovant.3 DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev)
+    file(STRINGS docs/ovant.3 functions REGEX "^\\.(Fo AVL_|Fn AVL_[A-Za-z]+ \")")
+    list(TRANSFORM functions REPLACE "^\\.F[on] ([A-Za-z_]+).*" "\\1")
+    foreach(function IN LISTS functions)
+        set(page ${PROJECT_BINARY_DIR}/man/${function}.3)
+        file(MAKE_DIRECTORY ${PROJECT_BINARY_DIR}/man)
+        file(CREATE_LINK ovant.3 ${page} SYMBOLIC)
+        install(FILES ${page} DESTINATION ${CMAKE_INSTALL_MANDIR}/man3 COMPONENT dev)
+    endforeach()
+endif()
+
+if(OVANT_PACKAGE)
+    include(cmake/packages.cmake)
+endif()
