@@ -26,7 +26,7 @@ public:
 private:
     void (*kill_)(void *node, void *context);
     void *context_;
-    const Entry *last_;
+    Entry *last_;
 };
 
 } // namespace ovant::c

@@ -10,7 +10,7 @@ namespace ovant::engine {
 // one entry for each level of the subtree, an open sibling, and may write a 0 into the Node of the entry above these,
 // but nothing behind last: links that open more run in a circle, and it ends there.  Returns whether all was visited.
 template <class Nodes, class Entry, class Visit>
-bool sweep(Nodes nodes, Entry *first, const Entry *last, Node root, Visit visit) {
+bool sweep(Nodes nodes, Entry *first, Entry *last, Node root, Visit visit) {
     const auto room = static_cast<std::size_t>(last - first);
     std::size_t open = 0;
     const auto push = [&](Node n) { // without a branch: whether a child is there is as good as random
