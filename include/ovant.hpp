@@ -17,7 +17,8 @@
 //     ovant::set<Link, Key, Compare, Dispose>              one record a key
 //     ovant::multiset<Link, Key, Compare, Dispose>         equals stand in order of arrival
 //
-//     Link      &Record::link, a member of type ovant::link, in the record or in a base of it
+//     Link      &Record::link, a member of type ovant::link, in the record or in a base of it; of ovant::counted_link
+//               for a tree that counts, of ovant::summary_link<Summary> for one that sums up
 //     Key       what is compared: a member, a const member function, a function of the record; ovant::keys<&R::a,
 //               &R::b> for several in turn; ovant::itself (the default) for the whole record
 //     Compare   std::compare_three_way (the default); any other comparator whose answer is held against 0; or a
@@ -37,8 +38,9 @@
 // through before anything has changed.  Everything compiles without exceptions and run-time type information.
 //
 // The contracts: typed/look_up.hpp (ends, searches, intervals), typed/update.hpp (in and out), typed/ordered.hpp (cut,
-// joined), typed/whole.hpp (filled, handed over, verified, drawn), typed/iterator.hpp (positions), typed/gaps.hpp.
-// Wrong use is caught where OVANT_CHECKS is 1, as it is in debug builds: typed/checks.hpp.
+// joined, held against another one), typed/whole.hpp (filled, handed over, verified, drawn), typed/many.hpp (many at
+// once), typed/summed.hpp (counts and summaries), typed/link.hpp (links), typed/iterator.hpp (positions),
+// typed/gaps.hpp.  Wrong use is caught where OVANT_CHECKS is 1, as it is in debug builds: typed/checks.hpp.
 #pragma once
 
 #include "ovant/typed/ordered.hpp"

@@ -5,10 +5,21 @@
 
 using namespace ovant::c;
 
-Change AVL_TurnLeft(AVL_Tree *tree, Node *place, Node *cursor) { return turn<Side::right>(Nodes(tree), place, cursor); }
-Change AVL_TurnRight(AVL_Tree *tree, Node *place, Node *cursor) { return turn<Side::left>(Nodes(tree), place, cursor); }
+namespace {
+Change deliver(Turned turned, Node *place, Node *cursor) {
+    *place = *cursor = turned.root;
+    return turned.change;
+}
+} // namespace
+
+Change AVL_TurnLeft(AVL_Tree *tree, Node *place, Node *cursor) {
+    return deliver(turn(Nodes(tree), Side::right, *place), place, cursor);
+}
+Change AVL_TurnRight(AVL_Tree *tree, Node *place, Node *cursor) {
+    return deliver(turn(Nodes(tree), Side::left, *place), place, cursor);
+}
 Change AVL_DeepBalance(AVL_Tree *tree, Entry *work, Node *place, Node *cursor) {
-    return repair(Nodes(tree), work, place, cursor);
+    return deliver(repair(Nodes(tree), work, *place), place, cursor);
 }
 Change AVL_FixPfad(AVL_Tree *tree, Entry *bottom, Entry *top, Change change) {
     return fix_pfad(Nodes(tree), bottom, top, change);

@@ -75,7 +75,7 @@ void AVL_TreeWrite(AVL_Tree *tree, void *context, AVL_WalkFunc walker, AVL_Forma
         if (repeated > most_repeats)
             break;
         const char *const node = static_cast<const char *>(position->Node);
-        if (end_key && tree->Cmp(node + tree->KeyOff, end_key) == DIR_RIGHT)
+        if (end_key && tree->Cmp(node + tree->KeyOff, end_key) > DIR_HERE)
             break;
         AVL_GetString(tree, position, picture);
         const char *const text = formatter(buffer, position->Node, context);

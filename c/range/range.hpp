@@ -12,8 +12,6 @@ ovant::c::Entry *AVL_SubPfadEqualLess(AVL_Tree *tree, ovant::c::Entry *start, ov
 
 ovant::c::Node AVL_SplitPfad(AVL_Tree *tree, ovant::c::Entry *bottom, ovant::c::Entry *top, ovant::c::Change *before,
                              ovant::c::Change *after);
-ovant::c::Change AVL_JoinSides(AVL_Tree *tree, ovant::c::Entry *top, ovant::c::SavedLink *gone, ovant::c::Change left,
-                               ovant::c::Change right);
 
 void AVL_KillBelow(AVL_Tree *tree, ovant::c::Entry *first, ovant::c::Node root, void *context);
 ovant::c::Node AVL_DropBefore(AVL_Tree *tree, ovant::c::Entry *bottom, ovant::c::Entry *top, ovant::c::Change *change,

@@ -1,6 +1,5 @@
-// The steps of a range operation as operations of their own: split, join, and the two drops.
+// The steps of a range operation as operations of their own: split, and the two drops.
 #include "ovant/engine/drop.hpp"
-#include "ovant/engine/join.hpp"
 #include "range/kill.hpp"
 #include "range/range.hpp"
 
@@ -22,10 +21,6 @@ Node AVL_SplitPfad(AVL_Tree *tree, Entry *bottom, Entry *top, Change *before, Ch
     *before = halves.before.change;
     *after = halves.after.change;
     return halves.before.root;
-}
-
-Change AVL_JoinSides(AVL_Tree *tree, Entry *top, SavedLink *gone, Change left, Change right) {
-    return join(Nodes(tree), top, *gone, left, right, Reports(tree));
 }
 
 void AVL_KillBelow(AVL_Tree *tree, Entry *first, Node root, void *context) {

@@ -2,6 +2,7 @@
 // and clang-tidy, which see in a template only what somebody uses.  Other tests say whether it is right.
 #include <ovant/ranges.hpp>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <ostream>
@@ -11,6 +12,12 @@
 
 namespace {
 
+struct Heaviest {
+    double weight = 0;
+    static Heaviest of(const Heaviest &left, const auto &x, const Heaviest &right) {
+        return {std::max({left.weight, x.weight, right.weight})};
+    }
+};
 struct Base {
     ovant::link by_key;
 };
@@ -18,6 +25,8 @@ struct Item : Base {
     int key = 0;
     double weight = 0;
     ovant::link by_weight;
+    ovant::counted_link counted;
+    ovant::summary_link<Heaviest> summed;
 
     int twice() const { return 2 * key; }
     bool operator==(const Item &other) const { return key == other.key; }
@@ -59,6 +68,34 @@ template <class Tree> void look_up(Tree &tree, Item &item, const auto &key) {
     (void)tree.disposer();
 }
 
+template <class Tree> void summaries(Tree &tree, Item &item, const auto &key) {
+    if constexpr (requires { tree.size(); }) {
+        (void)(tree.nth(tree.size()) - tree.begin());
+        (void)(tree.rank(tree.begin() + 1 - 1) + tree.rank(item) + tree.rank(ovant::before(key)));
+        (void)(tree.rbegin() += 1);
+    }
+    if constexpr (requires { tree.summary(); }) {
+        (void)tree.summary();
+        (void)tree.fold(ovant::start, ovant::after(key));
+        const auto passes = [](const auto &) { return true; };
+        (void)tree.first_passing(ovant::before(key), passes);
+        (void)tree.first_passing(tree.begin(), passes);
+    }
+}
+
+template <class Tree> void many(Tree &tree, const auto &key) {
+    const std::remove_cvref_t<decltype(key)> keys[] = {key};
+    typename Tree::const_pointer found[1];
+    (void)tree.find_many(keys, found);
+    (void)tree.lower_bound_many(keys, found);
+    if constexpr (requires(Item item) { tree.insert(item); } && !std::is_const_v<Tree>) {
+        Item *items[1] = {};
+        tree.insert_sorted(items);
+        tree.erase_sorted(keys);
+        tree.dispose_some(10);
+    }
+}
+
 template <class Tree> void update(Tree &tree, Item &item, const auto &key) {
     tree.insert(item);
     tree.insert(tree.end(), item);
@@ -96,6 +133,15 @@ template <class Tree> void whole(Tree &tree, const auto &key, std::ostream &out)
     tree.prepend(other.extract(ovant::start, ovant::finish));
     tree.merge(other.extract(ovant::after(key), ovant::finish));
     tree.merge(other);
+    if constexpr (requires { tree.unite(std::move(other)); }) {
+        tree.unite(std::move(other));
+        tree.intersect(other, ovant::second_wins());
+        tree.subtract(other, [](Item *) {});
+    }
+    if constexpr (requires { tree.summary(); }) {
+        tree.refresh(*tree.begin());
+        tree.refresh_all();
+    }
     other = tree.extract(ovant::before(key), ovant::after(key));
     tree.erase(ovant::start, ovant::before(key));
     tree.erase(ovant::after(key), ovant::finish, [](Item *) {});
@@ -110,6 +156,10 @@ template <class Tree> void all(std::ostream &out, const auto &key) {
     Tree tree;
     look_up(tree, item, key);
     look_up(std::as_const(tree), item, key);
+    summaries(tree, item, key);
+    summaries(std::as_const(tree), item, key);
+    many(tree, key);
+    many(std::as_const(tree), key);
     update(tree, item, key);
     whole(tree, key, out);
 }
@@ -126,6 +176,8 @@ void everything(std::ostream &out);
 void everything(std::ostream &out) {
     both<&Item::by_key, &Item::key>(out, 1, 'c');
     both<&Item::by_weight, &Item::twice, std::less<>>(out, 1, 2.5);
+    both<&Item::counted, &Item::weight>(out, 1);
+    both<&Item::summed, &Item::weight, std::less<>>(out, 2.5);
     both<&Item::by_weight, negative, std::greater<>, std::default_delete<Item>>(out, 1L);
     both<&Item::by_weight, ovant::itself{}>(out, Item());
     both<&Item::by_key, ovant::keys<&Item::weight, &Item::twice>>(out, 1.5, ovant::key(1.5, 2));

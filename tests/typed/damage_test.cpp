@@ -93,6 +93,19 @@ TEST(Damage, IsFoundWhereverItIs) {
     damage_everywhere<Multiset<ThreeWay>>(random_shape(6, random), {2});
 }
 
+TEST(Damage, OfASummaryIsFoundAtItsRecord) {
+    for_all_shapes(3, 1, [](const Shape &shape, Keys keys) {
+        Plot<SummedSet<ThreeWay>> plot(shape, keys);
+        EXPECT_FALSE(plot.tree.check());
+        for (const Node n : plot.first.order) {
+            store(n, id_off, id_of(n) + 1);
+            const auto found = plot.tree.check();
+            EXPECT_TRUE(found.record == n && std::string(found.reason) == "wrong summary") << found.reason;
+            store(n, id_off, id_of(n) - 1);
+        }
+    });
+}
+
 TEST(Damage, DeeperThanAnyTreeEndsTheCheck) {
     Host host;
     Multiset<ThreeWay> tree;

@@ -18,6 +18,7 @@ TEST(BothFaces, WorkOnOneTree) {
     EXPECT_EQ(nodes_of(tree), order);
     auto few = tree.extract(before(20), after(24));
     AVL_ConcatGreater(plain, few.release());
+    EXPECT_TRUE(few.empty());
     expect_tree(plain, {order.begin() + 20, order.begin() + 25});
     const int key = 22;
     EXPECT_EQ(AVL_SearchKey(plain, &key), order[22]);

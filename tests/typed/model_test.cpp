@@ -19,6 +19,8 @@ template <class Tree> class Model {
     static constexpr bool unique = is_set<Tree>;
     static constexpr int keys = unique ? 150 : 40;
     using It = typename Tree::iterator;
+    using Typed = typename Tree::value_type;
+    static Typed &typed(Node n) { return *static_cast<Typed *>(n); }
     template <class Position> struct Walker {
         Position it;
         Node at; // 0 for the end
@@ -28,9 +30,9 @@ public:
     explicit Model(unsigned seed) : random_(seed) { seat(true); }
     void run(int steps) {
         constexpr void (Model::*operations[])() = {
-            &Model::insert, &Model::insert, &Model::insert_hinted,    &Model::insert_hinted, &Model::insert_before,
-            &Model::erase,  &Model::take,   &Model::cut_at_positions, &Model::merge,         &Model::whole,
-            &Model::cut};
+            &Model::insert,        &Model::insert, &Model::insert_hinted, &Model::insert_hinted,
+            &Model::insert_before, &Model::erase,  &Model::take,          &Model::cut_at_positions,
+            &Model::merge,         &Model::whole,  &Model::cut,           &Model::many};
         for (int step = 0; step < steps && !::testing::Test::HasFailure(); step++) {
             const auto operation = random_() % (step % 200 < 80 ? 5 : std::size(operations));
             burns_ = step % 8 == 0;
@@ -70,12 +72,6 @@ private:
         for (Node n : nodes)
             spoil_link(n);
         spare_.insert(spare_.end(), nodes.begin(), nodes.end());
-    }
-    static std::vector<Typed *> records(const std::vector<Node> &nodes) {
-        std::vector<Typed *> all;
-        for (Node n : nodes)
-            all.push_back(&typed(n));
-        return all;
     }
 
     // An operation, now and then first with a comparator that throws at the first question, at the second one and so
@@ -161,6 +157,20 @@ private:
             EXPECT_TRUE(stands(w.it.base(), beside(w.at, +1)));
         }
         any_walker() = any_walker();
+        if constexpr (is_summed<Tree>)
+            expect_ranks();
+    }
+    void expect_ranks() {
+        const std::size_t i = random_() % (order_.size() + 1), j = random_() % (order_.size() + 1);
+        const auto by = static_cast<std::ptrdiff_t>(j) - static_cast<std::ptrdiff_t>(i);
+        Walker<It> &w = any_walker();
+        EXPECT_EQ(tree_.rank(w.it), index(w.at)); // size() for the end
+        EXPECT_EQ(tree_.nth(j) - w.it, static_cast<std::ptrdiff_t>(j) - static_cast<std::ptrdiff_t>(index(w.at)));
+        expect_path(tree_.nth(i) += by, j == order_.size() ? nullptr : order_[j]);
+        EXPECT_TRUE(std::as_const(tree_).nth(i) + by == tree_.nth(j));
+        EXPECT_TRUE(tree_.rend() - static_cast<std::ptrdiff_t>(j) ==
+                    tree_.rbegin() + (tree_.rend() - tree_.rbegin() - static_cast<std::ptrdiff_t>(j)));
+        EXPECT_EQ(tree_.size(), order_.size());
     }
 
     // ---- In
@@ -314,12 +324,16 @@ private:
             rejoin(call([&] { return tree_.extract(first, last); }), begin, leave(begin, end));
         }
     }
-    void merge() {
-        std::vector<Node> others;
+    std::vector<Node> some() { // in order
+        std::vector<Node> nodes;
         for (int i = below(12), key = below(keys); i > 0; i--)
-            others.push_back(fresh(key += unique + below(4)));
+            nodes.push_back(fresh(key += unique + below(4)));
+        return nodes;
+    }
+    void merge() {
+        const std::vector<Node> others = some();
         Tree other;
-        other.assign_sorted(records(others));
+        other.assign_sorted(records<Typed>(others));
         merge(other, others);
     }
     void merge(Tree &other, const std::vector<Node> &others) {
@@ -339,12 +353,41 @@ private:
         spare(refused);
     }
 
+    // ---- Many in order
+    void many() {
+        if (below(2)) {
+            const std::vector<Node> others = some();
+            std::vector<Node> refused, expected;
+            const std::size_t size = order_.size();
+            for (Node n : others) {
+                const EqualRun run = run_of(order_, key_of(n));
+                unique &&run.front != run.back ? expected.push_back(n) : put(run.back, n);
+            }
+            const std::size_t in =
+                tree_.insert_sorted(records<Typed>(others), [&](Typed &x) { refused.push_back(&x); });
+            EXPECT_TRUE(in == order_.size() - size && refused == expected);
+            return spare(refused);
+        }
+        std::vector<int> gone;
+        for (int i = below(6), key = below(keys); i > 0; i--)
+            gone.push_back(key += below(9));
+        std::vector<Node> left, expected;
+        for (const int key : gone) {
+            const EqualRun run = run_of(order_, key);
+            const std::vector<Node> nodes = leave(run.front, run.back);
+            expected.insert(expected.end(), nodes.begin(), nodes.end());
+        }
+        EXPECT_EQ(tree_.erase_sorted(gone, [&](Typed *x) { left.push_back(x); }), expected.size());
+        EXPECT_TRUE(left == expected);
+        spare(left);
+    }
+
     // ---- Whole trees
 
     void whole() {
         const int form = below(20);
         if (form < 2) {
-            tree_.assign_sorted(records(order_));
+            tree_.assign_sorted(records<Typed>(order_));
         } else if (form < 4) {
             const Tree original = std::exchange(tree_, Tree());
             EXPECT_TRUE(tree_.clone_from(original, [&](const Typed &x) { return &typed(fresh(x.key())); }));
@@ -363,8 +406,11 @@ private:
         } else if (form < 8) {
             tree_.adopt(tree_.release());
         } else if (form == 8) {
-            tree_.clear();
-            spare(std::exchange(order_, {}));
+            std::vector<Node> gone;
+            const std::size_t most = order_.size() - random_() % (order_.size() + 1) / 3;
+            const bool left = tree_.dispose_some(most, [&](Typed *x) { gone.push_back(x); });
+            EXPECT_TRUE(gone == leave(0, most) && left == !order_.empty());
+            spare(gone);
         }
         seat(form <= 8);
     }

@@ -23,7 +23,18 @@ void expect_cut(Plot<Tree> &plot, const First &first, std::size_t begin, const L
 
     plot.fresh();
     EXPECT_TRUE(nodes_of(plot.tree.between(first, last)) == inner);
-    plot.tree.erase(first, last, [](Typed *x) { spoil_link(x); });
+    if constexpr (is_summed<Tree>) {
+        EXPECT_EQ(plot.tree.count(first, last), inner.size());
+        EXPECT_EQ(plot.tree.rank(first), begin);
+        EXPECT_EQ(plot.tree.fold(first, last), digest_of(inner));
+        const auto all = [&](const Digest &sum) { // of as many as are between, from the first one on
+            EXPECT_EQ(sum, digest_of(plot.part(begin, begin + std::size_t{sum})));
+            return sum >= inner.size();
+        };
+        EXPECT_TRUE(plot.tree.first_passing(first, [](const Digest &) { return false; }) == plot.tree.end());
+        EXPECT_TRUE(inner.empty() || &*plot.tree.first_passing(first, all) == inner.back());
+    }
+    plot.tree.erase(first, last, [](void *x) { spoil_link(x); });
     expect_nodes(plot.tree, outer);
 }
 
@@ -43,8 +54,43 @@ template <class Tree> void cut_everywhere(int longest_run) {
     });
 }
 TEST(AllShapes, AreCutAtAllGaps) {
-    cut_everywhere<Set<ThreeWay>>(1);
+    cut_everywhere<SummedSet<ThreeWay>>(1);
     cut_everywhere<Multiset<Predicate>>(3);
+}
+
+// The way in which the C face deletes ranges, with summaries.
+struct Forget {
+    template <class Nodes> void below(Nodes, Entry *, Node) {}
+    void operator()(Node) {}
+};
+struct Silent : engine::NoReport {
+    template <engine::Side> Silent of() const { return {}; }
+};
+TEST(AllShapes, KeepTheirSummariesWhereRangesAreDropped) {
+    using engine::boundary, engine::ToGap;
+    const engine::Links<typed::summed_at_member<Summed, &Summed::link, Digest>> nodes;
+    Entry path[90], left[90], right[90];
+    for_all_shapes(4, 1, [&](const Shape &shape, Keys keys) {
+        Plot<SummedSet<ThreeWay>> plot(shape, keys);
+        const int most = keys.at(plot.first.order.size());
+        for (int first = 5; first <= most; first += 10)
+            for (int last = first + 10; last <= most; last += 10) {
+                plot.fresh();
+                const auto in_front = [](int key) { return [=](Node n) { return key_of(n) < key; }; };
+                const auto from = in_front(first), to = in_front(last);
+                const engine::Between between(from, to);
+                Entry *const top = engine::descend<engine::rule::key>(nodes, plot.tree.release(), between,
+                                                                      engine::PathTrail<Entry>{path})
+                                       .top;
+                const auto begins = [&](Node n) { return boundary<engine::rule::key>(nodes, left, n, ToGap(from)); };
+                const auto ends = [&](Node n) { return boundary<engine::rule::key>(nodes, right, n, ToGap(to)); };
+                const Node rest = engine::drop_between(nodes, path, top, begins, ends, Forget(), Silent());
+                plot.tree.adopt(static_cast<Summed *>(rest));
+                std::vector<Node> order = plot.first.order;
+                std::erase_if(order, [&](Node n) { return between(n).match(); });
+                expect_nodes(plot.tree, order);
+            }
+    });
 }
 
 template <class Tree> struct Costs : ::testing::Test {};
@@ -63,7 +109,7 @@ TYPED_TEST(Costs, AComparisonALevelAndNextToNoneBesideAPosition) {
         tree.clear();
         auto hint = tree.end();
         for (const Node n : plot.first.order) {
-            hint = tree.insert(hint, typed(n));
+            hint = tree.insert(hint, *static_cast<typename TypeParam::value_type *>(n));
             EXPECT_LE(std::exchange(seen.comparisons, 0), 3);
         }
         expect_nodes(tree, plot.first.order);

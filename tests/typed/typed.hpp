@@ -12,12 +12,44 @@ namespace ovant::test {
 struct Typed {
     unsigned char head[link_off];
     ovant::link link;
-    unsigned char tail[sizeof(Record) - key_off + 1];
+    unsigned char tail[sizeof(Record) - link_off - sizeof(ovant::link)];
 
     int key() const { return load<int>(this, key_off); }
 };
 static_assert(sizeof(Typed) == sizeof(Record) && offsetof(Typed, link) == link_off);
 inline Typed &typed(Node n) { return *static_cast<Typed *>(n); }
+
+// What stands in a row of records, told so that no two rows look alike: their number, and their ids as digits.
+struct [[gnu::packed]] Digest : record_count {
+    std::uint32_t ids = 0, shift = 1;
+
+    static Digest of_one(int id) { return {record_count(1), static_cast<std::uint32_t>(id) + 1, 0x9e3779b1u}; }
+    friend Digest operator+(const Digest &a, const Digest &b) {
+        return {record_count(std::size_t{a} + std::size_t{b}), a.ids * b.shift + b.ids, a.shift * b.shift};
+    }
+    static Digest of(const Digest &left, const auto &x, const Digest &right) {
+        return left + of_one(id_of(&x)) + right;
+    }
+    bool operator==(const Digest &other) const { return std::size_t{*this} == std::size_t{other} && ids == other.ids; }
+};
+// The same bytes again, with that, or a count alone, kept behind the link.
+constexpr std::size_t summary_off = link_off + sizeof(AVL_Link) + 3;
+template <class Summary> struct SummedBy {
+    unsigned char head[link_off];
+    summary_link<Summary> link;
+    unsigned char tail[sizeof(Record) - link_off - sizeof(summary_link<Summary>)];
+
+    int key() const { return load<int>(this, key_off); }
+};
+using Summed = SummedBy<Digest>;
+using Counted = SummedBy<record_count>;
+static_assert(sizeof(Summed) == sizeof(Record) && summary_off + sizeof(Digest) <= key_off);
+inline Digest digest_of(const std::vector<Node> &nodes) {
+    Digest all;
+    for (const Node n : nodes)
+        all = all + Digest::of_one(id_of(n));
+    return all;
+}
 
 // Orders that count.  When the fuse burns down, a comparison throws, or a copy of the comparator.
 struct Burnt {};
@@ -38,27 +70,49 @@ struct Predicate {
 
 template <class Compare> using Set = ovant::set<&Typed::link, &Typed::key, Compare>;
 template <class Compare> using Multiset = ovant::multiset<&Typed::link, &Typed::key, Compare>;
+template <class Compare> using SummedSet = ovant::set<&Summed::link, &Summed::key, Compare>;
+template <class Compare> using CountedMultiset = ovant::multiset<&Counted::link, &Counted::key, Compare>;
 #if OVANT_CHECKS // which must not be raised by right use
-using Trees = ::testing::Types<Set<ThreeWay>, Multiset<Predicate>>;
+using Trees = ::testing::Types<Set<ThreeWay>, CountedMultiset<Predicate>>;
 #else
-using Trees = ::testing::Types<Set<ThreeWay>, Multiset<ThreeWay>, Set<Predicate>, Multiset<Predicate>>;
+using Trees = ::testing::Types<Set<ThreeWay>, Multiset<Predicate>, SummedSet<Predicate>, CountedMultiset<ThreeWay>>;
 #endif
-template <class Tree> constexpr bool is_set = requires(Tree t, Typed x) { t.insert_or_replace(x); };
+template <class Tree> constexpr bool is_set = requires(Tree t, typename Tree::value_type x) { t.insert_or_replace(x); };
+template <class Tree> constexpr bool is_summed = requires(Tree t) { t.summary(); };
 
 template <class Tree> Node root_of(const Tree &tree) { return load<Node>(&tree); } // its first word
 template <class Range> std::vector<Node> nodes_of(const Range &range) {
     std::vector<Node> nodes;
     for (auto &x : range)
-        nodes.push_back(const_cast<Typed *>(&x));
+        nodes.push_back(const_cast<std::remove_cvref_t<decltype(x)> *>(&x));
     return nodes;
 }
+template <class T> std::vector<T *> records(const std::vector<Node> &nodes) {
+    std::vector<T *> all;
+    for (const Node n : nodes)
+        all.push_back(static_cast<T *>(n));
+    return all;
+}
 
-// The tree is sound, and holds these nodes in this order.
+// Returns the summary as it should be.
+template <class Summary> Digest check_summaries_below(Node n) {
+    if (!n)
+        return {};
+    const Digest left = check_summaries_below<Summary>(link_of(n).Left),
+                 all = left + Digest::of_one(id_of(n)) + check_summaries_below<Summary>(link_of(n).Right);
+    if (!(load<Summary>(n, summary_off) == static_cast<const Summary &>(all)))
+        ADD_FAILURE() << "summary at record " << id_of(n);
+    return all;
+}
+
+// The tree is sound, summaries included, and holds these nodes in this order.
 template <class Tree> void expect_nodes(const Tree &tree, const std::vector<Node> &order) {
     std::vector<Node> found;
     check_below(root_of(tree), found, 0);
     EXPECT_TRUE(found == order) << ::testing::PrintToString(keys_of(order)) << " is "
                                 << ::testing::PrintToString(keys_of(found));
+    if constexpr (is_summed<Tree>)
+        check_summaries_below<decltype(tree.summary())>(root_of(tree));
 }
 
 // A tree that every operation finds in its first shape.
@@ -66,7 +120,9 @@ template <class Tree> struct Plot {
     explicit Plot(const Shape &shape, Keys keys = {}) : first(host, shape, keys) { fresh(); }
     Tree &fresh() {
         tree.clear();
-        tree.adopt(static_cast<Typed *>(first.restore()));
+        tree.adopt(static_cast<typename Tree::value_type *>(first.restore()));
+        if constexpr (is_summed<Tree>)
+            tree.refresh_all();
         seen.comparisons = 0;
         return tree;
     }
@@ -85,7 +141,7 @@ template <class Visit> void for_all_gaps(const std::vector<Node> &order, int key
     visit(before(key), run.front);
     visit(after(key), run.back);
     if (all_kinds) {
-        visit(partition_point([key](const Typed &x) { return x.key() < key; }), run.front);
+        visit(partition_point([key](const auto &x) { return x.key() < key; }), run.front);
         visit(start, std::size_t{0});
         visit(finish, order.size());
     }

@@ -29,22 +29,28 @@ using Stated = set<&Event::link, &Event::time, Stateful>;
 
 static_assert(sizeof(ovant::link) == 2 * sizeof(void *) + 1 && alignof(ovant::link) == 1);
 static_assert(sizeof(Day) == 2 * sizeof(void *) && sizeof(Stated) <= 3 * sizeof(void *));
-static_assert(!std::is_copy_constructible_v<Day> && !std::is_copy_assignable_v<Day>);
-static_assert(std::is_nothrow_default_constructible_v<Day> && !std::is_default_constructible_v<Stated>);
-static_assert(std::is_nothrow_move_constructible_v<Day> && std::is_nothrow_move_assignable_v<Day> &&
-              std::is_nothrow_swappable_v<Day>);
+static_assert(!std::is_copy_constructible_v<Day> && std::is_nothrow_default_constructible_v<Day> &&
+              std::is_nothrow_move_assignable_v<Day> && !std::is_default_constructible_v<Stated>);
 static_assert(std::bidirectional_iterator<Day::iterator> && std::bidirectional_iterator<Day::const_iterator> &&
               std::bidirectional_iterator<Day::reverse_iterator> &&
               std::bidirectional_iterator<Day::const_reverse_iterator>);
 static_assert(std::is_convertible_v<Day::iterator, Day::const_iterator> &&
               !std::is_convertible_v<Day::const_iterator, Day::iterator>);
-static_assert(std::ranges::bidirectional_range<Day> && std::ranges::common_range<const Day>);
 static_assert(std::ranges::view<Interval> && std::ranges::borrowed_range<Interval> &&
               std::ranges::bidirectional_range<Interval> && std::ranges::common_range<Interval>);
 static_assert(std::is_same_v<std::ranges::range_reference_t<const Day>, const Event &> &&
               std::is_same_v<decltype(*std::declval<const Day &>().find(1)), const Event &> &&
               std::is_same_v<decltype(std::declval<const Day &>().front()), const Event &> &&
               std::is_same_v<decltype(*std::declval<const Day &>().equal_range(1).begin()), const Event &>);
+
+struct Place {
+    int key;
+    ovant::counted_link link;
+};
+using Places = set<&Place::link, &Place::key>;
+static_assert(sizeof(ovant::counted_link) == 2 * sizeof(void *) + 8 && alignof(ovant::counted_link) == 1);
+static_assert(sizeof(Places) == sizeof(Day) && std::ranges::sized_range<Places> && !std::ranges::sized_range<Day> &&
+              std::bidirectional_iterator<Places::iterator> && !std::random_access_iterator<Places::iterator>);
 
 template <class Range> std::vector<int> times_of(Range &&range) {
     std::vector<int> times;
@@ -76,7 +82,20 @@ TEST(Ranges, AlgorithmsAndViewsTakeTreesAndIntervals) {
     EXPECT_EQ(drawn.str(), "    /-- 50\n/-- 40\n|   \\-- 30\n20\n\\-- 10 -\n    \\-- 0\n");
     Event copy = events[0]; // which stands in no tree
     day.insert(copy);
-    EXPECT_EQ(day.count(50), 2u);
+    copy = events[0]; // and stays where it stands
+    const auto [first, last] = day.equal_range(50);
+    EXPECT_TRUE(&*first == &events[0] && &*std::next(first) == &copy && last == day.end());
+    Event *sorted[] = {&events[2], &events[1]};
+    day.assign_sorted(sorted);
+    EXPECT_EQ(times_of(day), (Times{30, 40}));
+    day.clear();
+    drawn.str("");
+    day.draw(drawn);
+    EXPECT_EQ(drawn.str(), "");
+    day.insert(events[1]);
+    day.insert(events[0]);
+    day.draw(drawn);
+    EXPECT_EQ(drawn.str(), "/-- 50\n40 +\n");
 }
 
 // Comes in from the last to the first, stands in order, and goes.
@@ -92,43 +111,35 @@ template <class Tree, class T> void expect_order(Tree &&tree, std::initializer_l
 struct Polymorphic {
     virtual ~Polymorphic() = default;
 };
-class alignas(64) Awkward final : public Polymorphic {
-public:
-    explicit Awkward(int key) : key_(key) {}
-    Awkward(const Awkward &) = delete;
-    Awkward &operator=(const Awkward &) = delete;
-
-private:
-    friend struct Familiar;
-    [[maybe_unused]] char odd_ = 0;
-    ovant::link link_;
-    int key_;
-};
-struct Familiar {
-    using Tree = set<&Awkward::link_, &Awkward::key_>;
-};
-struct Keyed {
-    int key;
-};
 struct Linked {
     ovant::link link;
 };
+struct Keyed {
+    int key = 0;
+};
 struct LinkInBase : Polymorphic, Linked {
-    explicit LinkInBase(int k) : key(k) {}
-    int key;
+    int key = 0;
 };
 struct KeyInBase : Polymorphic, Keyed {
-    explicit KeyInBase(int k) : Keyed{k} {}
     ovant::link link;
 };
-template <class Tree, class T> void expect_order_of(Tree &&tree) {
-    T a(1), b(2), c(3);
-    expect_order(tree, std::initializer_list<T *>{&a, &b, &c});
+class alignas(64) Awkward final : public KeyInBase {
+    [[maybe_unused]] char odd_ = 0;
+    ovant::link link_;
+    friend struct Familiar;
+};
+struct Familiar {
+    using Tree = set<&Awkward::link_, &Awkward::key>;
+};
+template <class Tree> void expect_order_of(Tree &&tree) {
+    typename Tree::value_type a, b, c;
+    a.key = 1, b.key = 2, c.key = 3;
+    expect_order(tree, {&a, &b, &c});
 }
 TEST(Records, MayBeOfAnyKind) {
-    expect_order_of<Familiar::Tree, Awkward>({});
-    expect_order_of<set<&LinkInBase::link, &LinkInBase::key>, LinkInBase>({});
-    expect_order_of<set<&KeyInBase::link, &KeyInBase::key>, KeyInBase>({});
+    expect_order_of(Familiar::Tree());
+    expect_order_of(set<&LinkInBase::link, &LinkInBase::key>());
+    expect_order_of(set<&KeyInBase::link, &KeyInBase::key>());
 }
 
 struct Person {

@@ -8,6 +8,7 @@ struct Scene {
     Host host;
     Set<ThreeWay> tree, other;
     Multiset<ThreeWay> many;
+    SummedSet<ThreeWay> counted;
     std::vector<Node> nodes;
 
     Scene() {
@@ -17,6 +18,7 @@ struct Scene {
             tree.insert(typed(nodes[i]));
         other.insert(typed(nodes[5]));
         many.insert(typed(nodes[6]));
+        counted.insert(*static_cast<Summed *>(nodes[9]));
     }
     Typed &at(std::size_t i) { return typed(nodes[i]); }
 };
@@ -60,12 +62,31 @@ TEST(WrongUse, EndsTheProcessWithAWord) {
              s.tree.assign_sorted(std::vector{&s.at(8), &s.at(7)});
          },
          "assign_sorted was given records out of order"},
+        {[](Scene &s) {
+             s.tree.insert_sorted(std::vector{&s.at(8), &s.at(7)});
+         },
+         "insert_sorted was given records out of order"},
+        {[](Scene &s) { s.tree.find_or_insert(15, [&] { return &s.at(8); }); },
+         "the record that was made has another key than the one asked for"},
+        {[](Scene &s) { s.counted.begin() += 2; }, "a position goes beyond the end of its tree"},
+        {[](Scene &s) { s.counted.nth(2); }, "there is no record of this rank"},
         {[](Scene &s) { s.tree.adopt(s.other.release()); }, "a tree that adopts a root must be empty"},
     };
     for (const auto &[wrong, word] : rows) {
         Scene scene;
         EXPECT_EXIT(wrong(scene), ::testing::KilledBySignal(SIGABRT), word);
     }
+}
+
+TEST(WrongUse, IsNotSeenInRightUse) {
+    Scene scene;
+    const Set<ThreeWay>::iterator nowhere;
+    EXPECT_TRUE(nowhere == Set<ThreeWay>::iterator() && nowhere != scene.tree.begin() && scene.tree.begin() != nowhere);
+    EXPECT_TRUE(((scene.counted.begin() += 0) += 1) == scene.counted.end());
+    EXPECT_EQ(scene.tree.insert_sorted(std::vector{&scene.at(6), &scene.at(7), &scene.at(8)}), 3u);
+    for (int i = 0; i < 200; i++) // equals, of which the first hundred are looked at
+        scene.many.insert(typed(scene.host.record(60)));
+    EXPECT_EQ(scene.many.count(60), 201u);
 }
 
 } // namespace

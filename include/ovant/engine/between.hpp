@@ -32,8 +32,7 @@ Parts cut_between(Nodes nodes, Entry *bottom, Entry *top, Node pivot, Left left,
 
     nodes.set_balance(pivot, outer.balance + in_right.before.change - in_left.after.change);
     nodes.refresh(pivot);
-    Node inner = pivot, cursor = pivot;
-    repair(nodes, top, &inner, &cursor);
+    const Node inner = repair(nodes, top, pivot).root;
 
     outer.left = in_left.before.root;
     outer.right = in_right.after.root;

@@ -1,7 +1,7 @@
 // Whole trees made: of nodes that come in order, and after the shape of another tree.
 #pragma once
 
-#include "links.hpp"
+#include "path.hpp"
 
 namespace ovant::engine {
 
@@ -43,10 +43,10 @@ template <class Nodes, class Next> Node build(Nodes nodes, std::size_t count, Ne
 
 // A tree of the same shape: make(node) gives the node to stand in for each, or 0 to end it.  *root has the new root
 // from the first node on, and the links of what has been made so far are good for a sweep.  Returns whether all were
-// made. Both work areas have an entry for each level and one more.
+// made.  Both work areas have an entry for each level and one more.  A parent is made before its children, so summaries
+// are left to refresh_below.
 template <class Nodes, class Entry, class Make>
 bool clone(Nodes nodes, Entry *from, Entry *to, Node original, Make make, Node *root) {
-    static_assert(!Nodes::summarises, "a parent is made before its children");
     Entry *free = from; // what is still to be copied, each with the side it hangs on; beside it, in `to`, the parent
     const auto open = [&](Node n, Node parent, Side s) {
         if (n) {
@@ -70,6 +70,24 @@ bool clone(Nodes nodes, Entry *from, Entry *to, Node original, Make make, Node *
         open(nodes.template child<Side::left>(e.Node), copy, Side::left);
     }
     return true;
+}
+
+// The summaries of all nodes below root, children first.
+template <class Nodes, class Entry> void refresh_below(Nodes nodes, Entry *bottom, Node root) {
+    if constexpr (Nodes::summarises) {
+        Entry *top = bottom;
+        for (top->Node = root;;) {
+            while (top->Node)
+                top = step_down(nodes, top, Side::left, dir_here);
+            for (;; nodes.refresh(top->Node)) {
+                if (top == bottom)
+                    return;
+                if ((--top)->Dir == sign(Side::left))
+                    break;
+            }
+            top = step_down(nodes, top, Side::right, dir_here);
+        }
+    }
 }
 
 } // namespace ovant::engine

@@ -2,6 +2,8 @@
 #pragma once
 
 #include "climb.hpp"
+#include "descend.hpp"
+#include "order.hpp"
 #include "remove.hpp"
 
 namespace ovant::engine {
@@ -79,6 +81,20 @@ template <class Nodes, class Entry> Removed<Entry> remove_at(Nodes nodes, Entry 
     if (next || top->Node)
         return {root, next, top};
     return {root, nullptr, top == bottom ? nullptr : top - 1};
+}
+
+// From the node at top forward to a gap that no node in front of top stands behind: up as long as the next ancestor to
+// the right stands in front of it, then down.  Returns the free position.  About two questions for each doubling of the
+// distance: the finger search of L. J. Guibas, E. M. McCreight, M. F. Plass and J. R. Roberts (1977), on a path.
+template <class Nodes, class Entry, class Gap>
+Entry *advance_to(Nodes nodes, Entry *bottom, Entry *top, const Gap &in_front) {
+    if (!in_front(top->Node))
+        return beside<Side::left>(nodes, top);
+    for (Entry *up; (up = last_turn<Side::left>(bottom, top)) && in_front(up->Node);)
+        top = up;
+    top->Dir = sign(Side::right);
+    const Node right = nodes.template child<Side::right>(top->Node);
+    return descend<rule::key>(nodes, right, ToGap(in_front), PathTrail<Entry>{top + 1}).top;
 }
 
 } // namespace ovant::engine

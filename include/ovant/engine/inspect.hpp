@@ -7,7 +7,7 @@
 
 namespace ovant::engine {
 
-enum class Flaw { none, order, balance, circle, shared };
+enum class Flaw { none, order, balance, circle, shared, summary };
 
 template <class Entry> struct Finding {
     Flaw flaw;
@@ -89,6 +89,23 @@ Finding<Entry> inspect_links(Nodes nodes, Entry *bottom, int *height, std::ptrdi
         if (e->Node == bad)
             return {Flaw::circle, top};
     return {Flaw::shared, top};
+}
+
+// The summaries, in a tree whose links are sound and whose summaries compare.
+template <class Nodes, class Entry>
+Finding<Entry> inspect_summaries([[maybe_unused]] Nodes nodes, [[maybe_unused]] Entry *bottom,
+                                 [[maybe_unused]] int *height, [[maybe_unused]] Node root) {
+    Entry *bad = nullptr;
+    if constexpr (requires { nodes.summary(root) == nodes.summary(root); }) {
+        const auto true_here = [&](Entry *top, int, int) {
+            const Node n = top->Node;
+            return nodes.summary(n) == nodes.of(nodes.summary(nodes.template child<Side::left>(n)), n,
+                                                nodes.summary(nodes.template child<Side::right>(n)));
+        };
+        bad = tour(
+            nodes, bottom, height, root, [](Entry *) { return true; }, true_here);
+    }
+    return {bad ? Flaw::summary : Flaw::none, bad};
 }
 
 // The order of neighbours, in a tree whose links are sound: in_order(node, node) says whether the second may follow the

@@ -30,8 +30,37 @@ Change join(Nodes nodes, Entry *top, SavedLink &gone, Change left, Change right,
     const Change higher = left > right ? left : right;
     if (!top->Node)
         return higher - 1;
-    Node cursor = write_links(nodes, top->Node, gone);
-    return repair(nodes, top + 1, &top->Node, &cursor) + higher;
+    const Turned turned = repair(nodes, top + 1, write_links(nodes, top->Node, gone));
+    top->Node = turned.root;
+    return turned.change + higher;
+}
+
+// A tree whose height is known.
+struct Tree {
+    Node root;
+    int height; // 0 without a root
+};
+
+// One tree of two, with a node between them.
+template <class Nodes, class Entry> Tree join_around(Nodes nodes, Entry *work, Tree left, Node pivot, Tree right) {
+    nodes.template hang<Side::left>(pivot, left.root);
+    nodes.template hang<Side::right>(pivot, right.root);
+    nodes.set_balance(pivot, right.height - left.height);
+    nodes.refresh(pivot);
+    const Turned turned = repair(nodes, work, pivot);
+    return {turned.root, 1 + (left.height > right.height ? left.height : right.height) + turned.change};
+}
+// With none: one of the higher tree is taken.
+template <class Nodes, class Entry> Tree join_beside(Nodes nodes, Entry *work, Tree left, Tree right) {
+    if (!left.root || !right.root)
+        return left.root ? left : right;
+    const bool from_left = left.height > right.height;
+    Tree &higher = from_left ? left : right;
+    Change change;
+    const Node pivot = from_left ? cut<Side::right>(nodes, work, &higher.root, &change, nothing_stays)
+                                 : cut<Side::left>(nodes, work, &higher.root, &change, nothing_stays);
+    higher.height += change;
+    return join_around(nodes, work, left, pivot, right);
 }
 
 // One tree of two, of which other stands on side S.  The last node towards S leaves the first one and becomes the root
@@ -40,16 +69,12 @@ template <Side S, class Nodes, class Entry> Node concat(Nodes nodes, Entry *work
     if (!other)
         return root;
     Change change;
-    Node pivot = cut<S>(nodes, work, &root, &change, nothing_stays);
+    const Node pivot = cut<S>(nodes, work, &root, &change, nothing_stays);
     if (!pivot)
         return other;
-    nodes.template hang<S>(pivot, other);
-    nodes.template hang<!S>(pivot, root);
-    nodes.template set_lean<S>(pivot, height(nodes, other) - height(nodes, root));
-    nodes.refresh(pivot);
-    Node cursor = pivot;
-    repair(nodes, work, &pivot, &cursor);
-    return pivot;
+    const Tree here{root, height(nodes, root)}, there{other, height(nodes, other)};
+    return S == Side::right ? join_around(nodes, work, here, pivot, there).root
+                            : join_around(nodes, work, there, pivot, here).root;
 }
 
 } // namespace ovant::engine

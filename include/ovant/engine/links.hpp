@@ -52,9 +52,10 @@ inline constexpr std::size_t link_size = balance_at + 1;
 // field(n, place), the address of what lies at a place in the header.  Everything below the faces sees links through
 // this class alone.
 //
-// An accessor that keeps a summary of each subtree (a count, a sum) is one with `summarises` true and a refresh(n) that
-// computes n's summary from n and its two children.  Every algorithm calls it at the nodes whose subtrees it has
-// changed, children before parents, and climbs to the top even where no height changes any more.
+// An accessor may keep a summary of each subtree (a count, a sum): its Where then has a type Summary, below(n), where
+// that of n's subtree is kept, and of(left, n, right), which computes it.  Every algorithm calls refresh(n) at the
+// nodes whose subtrees it has changed, children before parents, and climbs to the top even where no height changes any
+// more.
 template <class Where> class Links : Where {
 public:
     using Where::Where;
@@ -70,13 +71,22 @@ public:
     }
 
     // Lean: the balance seen from one side, positive when that side is the higher one.
-    template <Side S> int lean(Node n) const { return sign(S) * balance(n); }
-    template <Side S> void set_lean(Node n, int lean) const { set_balance(n, sign(S) * lean); }
+    template <Side S> int lean(Node n) const { return lean(S, n); }
+    template <Side S> void set_lean(Node n, int lean) const { set_lean(S, n, lean); }
+    int lean(Side s, Node n) const { return sign(s) * balance(n); }
+    void set_lean(Side s, Node n, int lean) const { set_balance(n, sign(s) * lean); }
 
-    static constexpr bool summarises = requires(const Where &where, Node n) { where.refresh(n); };
+    static constexpr bool summarises = requires { typename Where::Summary; };
+    auto summary(Node n) const requires summarises { return n ? this->below(n) : typename Where::Summary(); }
+    // The summary is a count and no more.
+    static constexpr bool counts_alone = requires(const Where &where, Node n) { where.add(n, std::ptrdiff_t{1}); };
+    void add(Node n, std::ptrdiff_t added) const { Where::add(n, added); }
+    template <class Summary> Summary of(const Summary &left, Node n, const Summary &right) const {
+        return Where::of(left, n, right);
+    }
     void refresh(Node n) const {
         if constexpr (summarises)
-            Where::refresh(n);
+            this->below(n) = of(summary(child<Side::left>(n)), n, summary(child<Side::right>(n)));
     }
 
 private:

@@ -24,7 +24,7 @@ Node cut(Nodes nodes, Entry *work, Node *slot, Change *change, Fate fate) {
     if (stays == last)
         return last;
     top->Node = stays ? stays : inner;
-    *change = shrink_spine<S>(nodes, work, top, stays ? 0 : -1);
+    *change = shrink_spine<S>(nodes, work, top, stays ? 0 : -1, stays ? 0 : -1);
     *slot = work->Node;
     return last;
 }

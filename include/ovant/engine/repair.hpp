@@ -17,48 +17,41 @@ namespace ovant::engine {
 // A level's entry of the work area holds the root X that its turn produced and the change of height of that turn.  The
 // change counts from the true height before the turn, so what comes up from a level is the exact change of the inner
 // child of the X above it, whose balance still counts that child at its old height.
-template <Side H, class Nodes, class Entry> Change sink(Nodes nodes, Entry *work, Node *place, Node *cursor) {
-    Node w = *place;
+template <class Nodes, class Entry> [[gnu::noinline]] Turned sink(Nodes nodes, Entry *work, Side h, Node a) {
     Entry *level = work;
     do {
-        level->Dir = turn<H>(nodes, &w, cursor);
-        level->Node = w;
-        ++level;
-        w = *cursor = nodes.template child<!H>(w);
-    } while (nodes.template lean<H>(w) > 1);
+        const Turned turned = turn(nodes, h, a);
+        *level++ = {turned.root, turned.change};
+        a = nodes.child(!h, turned.root);
+    } while (nodes.lean(h, a) > 1);
 
     --level;
-    Node child = level->Node;
-    Change change = level->Dir;
+    Turned below{level->Node, level->Dir};
     while (level != work) {
         --level;
-        w = *cursor = level->Node;
-        nodes.template hang<!H>(w, child); // a turn below may have put another root there
-        nodes.refresh(w);
-        if (change != 0) {
-            const int lean = nodes.template lean<H>(w) + 1; // the inner child is one level lower
-            nodes.template set_lean<H>(w, lean);
-            change = lean == 2 ? turn<H>(nodes, &w, cursor) : lean - 1;
+        Turned here{level->Node, 0};
+        nodes.hang(!h, here.root, below.root); // a turn below may have put another root there
+        nodes.refresh(here.root);
+        if (below.change != 0) {
+            const int lean = nodes.lean(h, here.root) + 1; // the inner child is one level lower
+            nodes.set_lean(h, here.root, lean);
+            here.change = lean - 1;
+            if (lean == 2)
+                here = turn(nodes, h, here.root);
         }
-        change += level->Dir;
-        child = w;
+        below = {here.root, here.change + level->Dir};
     }
-    *place = *cursor = child;
-    return change;
+    return below;
 }
 
-// Makes the subtree at *place sound whatever its root's balance.  Returns its new height minus its true one, which was
-// 1 plus the height of the higher child: 0 or -1.  Writes at most |balance| - 1 entries of the work area, whose first
-// one may be the entry that place points into: place is read first and written last.
-template <class Nodes, class Entry> Change repair(Nodes nodes, Entry *work, Node *place, Node *cursor) {
-    const int balance = nodes.balance(*place);
+// Makes the subtree at n sound whatever its root's balance.  The change of height counts from the true height before,
+// which was 1 plus that of the higher child: 0 or -1.  Writes at most |balance| - 1 entries of the work area.
+template <class Nodes, class Entry> [[gnu::always_inline]] inline Turned repair(Nodes nodes, Entry *work, Node n) {
+    const int balance = nodes.balance(n);
     if (balance >= -1 && balance <= 1)
-        return 0;
-    if (balance == 2)
-        return turn<Side::right>(nodes, place, cursor);
-    if (balance == -2)
-        return turn<Side::left>(nodes, place, cursor);
-    return balance > 0 ? sink<Side::right>(nodes, work, place, cursor) : sink<Side::left>(nodes, work, place, cursor);
+        return {n, 0};
+    const Side heavy = side_of(balance);
+    return sign(heavy) * balance == 2 ? turn(nodes, heavy, n) : sink(nodes, work, heavy, n);
 }
 
 } // namespace ovant::engine

@@ -31,8 +31,8 @@ template <Side S, class Nodes, class Entry> void keep(Nodes nodes, Entry *work, 
         return;
     const int lean = nodes.template lean<S>(n);
     nodes.template set_lean<S>(n, lean + half.change);
-    Node cursor = n;
-    half.change = repair(nodes, work, &half.root, &cursor) - (lean > 0 ? 1 : 0);
+    const Turned turned = repair(nodes, work, n);
+    half = {turned.root, turned.change - (lean > 0 ? 1 : 0)};
 }
 
 // The other half gains nothing from that node, but is now measured against a higher subtree: by two levels if the
@@ -41,13 +41,11 @@ template <Side S, class Nodes> void miss(Nodes nodes, Node n, Half &half) {
     half.change -= nodes.template lean<S>(n) < 0 ? 2 : 1;
 }
 
-// Makes two sound trees of the subtree that hangs at bottom.  A node whose Dir is no side goes to the before half.
+// Goes on with what has been gathered at top, down to bottom.  A node whose Dir is no side goes to the before half.
 template <class Nodes, class Entry, class Report = NoReport>
-Halves split(Nodes nodes, Entry *bottom, Entry *top, Report report = {}) {
-    Half before, after;
-    if (!top->Node)
-        return {};
-    for (Entry *e = top + 1; e != bottom;) {
+Halves split_on(Nodes nodes, Entry *bottom, Entry *top, Halves halves, Report report = {}) {
+    auto [before, after] = halves;
+    for (Entry *e = top; e != bottom;) {
         --e;
         const Node n = e->Node;
         if (e->Dir == sign(Side::left)) {
@@ -61,6 +59,21 @@ Halves split(Nodes nodes, Entry *bottom, Entry *top, Report report = {}) {
         }
     }
     return {before, after};
+}
+
+// Makes two sound trees of the subtree that hangs at bottom; top is the last entry with a node.
+template <class Nodes, class Entry, class Report = NoReport>
+Halves split(Nodes nodes, Entry *bottom, Entry *top, Report report = {}) {
+    return top->Node ? split_on(nodes, bottom, top + 1, {}, report) : Halves();
+}
+
+// The same of a path to an empty link, or to a node that leaves.
+template <class Nodes, class Entry> Halves split_around(Nodes nodes, Entry *bottom, Entry *top) {
+    Halves sides;
+    if (const Node n = top->Node)
+        sides = {{nodes.template child<Side::left>(n), nodes.balance(n) > 0 ? -2 : -1},
+                 {nodes.template child<Side::right>(n), nodes.balance(n) < 0 ? -2 : -1}};
+    return split_on(nodes, bottom, top, sides);
 }
 
 } // namespace ovant::engine

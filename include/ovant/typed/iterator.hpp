@@ -2,20 +2,10 @@
 #pragma once
 
 #include "../engine/follow.hpp"
+#include "../engine/summary.hpp"
 #include "checks.hpp"
+#include "std.hpp"
 #include "traits.hpp"
-
-#if defined(__GLIBCXX__) // an alias wants a declaration alone; <iterator> costs a compiler four times all of Ovant
-// clang-format off
-namespace std _GLIBCXX_VISIBILITY(default) { // NOLINT(cert-dcl58-cpp)
-_GLIBCXX_BEGIN_NAMESPACE_VERSION
-struct bidirectional_iterator_tag;
-_GLIBCXX_END_NAMESPACE_VERSION
-}
-// clang-format on
-#else
-#include <iterator>
-#endif
 
 namespace ovant {
 template <class, bool, auto, auto, class, class> class ordered;
@@ -33,6 +23,10 @@ template <class Traits> class trunk;
 // A position that was searched for is no more than an address.  With its first step it finds its path, by its key and
 // along its run of equals, and keeps it; a step then costs O(1) on average and no comparison.  A path that the tree has
 // outgrown is found again at the next step.  Copies take along as much of the path as is in use.
+//
+// In a counted tree it goes n places on, and tells the distance to another one, in O(log n).  That is all that it lacks
+// of a random access iterator: it is none, since those take O(1), and as a std::sized_sentinel_for it is not exact
+// about its cost.
 //
 // Backward says which way ++ goes.  Const positions come from a const tree, or from any other position.
 template <class Traits, bool Const, bool Backward = false> class iterator {
@@ -75,6 +69,20 @@ public:
         return before;
     }
 
+    // Requires: there is such a position.  As many steps as it takes to climb to a subtree that holds both, and down.
+    iterator &operator+=(difference_type n) noexcept(Traits::quiet_for_record) requires Traits::counted {
+        return go(Backward ? -n : n);
+    }
+    iterator &operator-=(difference_type n) noexcept(Traits::quiet_for_record) requires Traits::counted {
+        return *this += -n;
+    }
+    friend iterator operator+(iterator it, difference_type n) requires Traits::counted { return it += n; }
+    friend iterator operator+(difference_type n, iterator it) requires Traits::counted { return it += n; }
+    friend iterator operator-(iterator it, difference_type n) requires Traits::counted { return it -= n; }
+    friend difference_type operator-(const iterator &a, const iterator &b) requires Traits::counted {
+        return Backward ? b.rank() - a.rank() : a.rank() - b.rank();
+    }
+
     friend bool operator==(const iterator &a, const iterator &b) noexcept {
         require(a.tree_ == b.tree_ || !a.tree_ || !b.tree_, "positions of two trees are compared");
         return a.at_ == b.at_;
@@ -90,6 +98,8 @@ private:
     template <class, bool, bool> friend class iterator;
     friend Tree;
     template <class> friend class look_up;
+    template <class> friend class summed;
+    template <class> friend class many;
     template <class> friend class update;
     template <class> friend class whole;
     template <class, bool> friend class interval;
@@ -160,6 +170,29 @@ private:
         }
         return *this;
     }
+
+    // In tree order: from the end it is 1 to the record that the path leads to.
+    iterator &go(difference_type by) noexcept(Traits::quiet_for_record) {
+        Entry *const top = path();
+        if (!at_)
+            by += Backward ? -1 : 1;
+        Entry *const to = top ? engine::advance(Tree::nodes(), path_, top, by) : nullptr;
+        if constexpr (checks)
+            require(to || rank_from(top) + by == beyond(), "a position goes beyond the end of its tree");
+        if (to)
+            stand(to);
+        else
+            stand_behind(nullptr);
+        return *this;
+    }
+    // How many records stand in front of it.
+    difference_type rank() const noexcept(Traits::quiet_for_record) {
+        return !at_ ? beyond() : has_path() ? rank_from(top_) : tree_->rank_of(*at_);
+    }
+    difference_type rank_from(const Entry *top) const noexcept {
+        return top ? static_cast<difference_type>(engine::rank(Tree::nodes(), path_, top)) : Backward ? 0 : -1;
+    }
+    difference_type beyond() const noexcept { return Backward ? -1 : static_cast<difference_type>(tree_->records()); }
 
     const Tree *tree_ = nullptr;
     T *at_ = nullptr;

@@ -96,14 +96,20 @@ public:
         return bounds<true>(first, last);
     }
 
-    // How many records there are between two gaps, or with a key: one step for each of them.
+    // How many records there are between two gaps, or with a key: one step for each of them; in a counted tree a search
+    // for each gap.
     template <gap First, gap Last> size_type count(const First &first, const Last &last) const {
-        size_type n = 0;
-        const auto range = between(first, last);
-        const auto end = range.end();
-        for (auto it = range.begin(); it != end; ++it)
-            ++n;
-        return n;
+        if constexpr (Traits::counted) {
+            const size_type to_first = rank(first), to_last = rank(last);
+            return to_first < to_last ? to_last - to_first : 0;
+        } else {
+            size_type n = 0;
+            const auto range = between(first, last);
+            const auto end = range.end();
+            for (auto it = range.begin(); it != end; ++it)
+                ++n;
+            return n;
+        }
     }
     template <class K> size_type count(const K &k) const {
         if constexpr (Traits::unique && !Traits::composite)
@@ -155,6 +161,14 @@ protected:
         }
     }
     template <class G> T *first_behind(const G &gap) const { return record(behind(in_front(gap))); }
+    template <class G> size_type rank(const G &gap) const {
+        if constexpr (std::is_same_v<G, start_gap>)
+            return 0;
+        else if constexpr (std::is_same_v<G, finish_gap>)
+            return this->records();
+        else
+            return engine::rank(nodes(), root_, in_front(gap));
+    }
 
 private:
     template <bool Const, class First, class Last>

@@ -1,10 +1,19 @@
 // The tree itself: moved, cut, joined.
 #pragma once
 
+#include "../engine/algebra.hpp"
 #include "../engine/between.hpp"
 #include "whole.hpp"
 
 namespace ovant {
+
+// Which of two records with one key stays where two trees become one.
+struct first_wins {
+    template <class T> T &operator()(T &first, T &) const noexcept { return first; }
+};
+struct second_wins {
+    template <class T> T &operator()(T &, T &second) const noexcept { return second; }
+};
 
 // An ordered container of records that carry their own links; ovant.hpp says more.
 template <class Record, bool Unique, auto Link, auto Key, class Compare, class Dispose>
@@ -117,18 +126,38 @@ public:
     void append(ordered &&other) noexcept(!typed::checks || Traits::quiet_for_record) { join<Side::right>(other); }
     void prepend(ordered &&other) noexcept(!typed::checks || Traits::quiet_for_record) { join<Side::left>(other); }
 
-    // Other's records come in, wherever they belong: behind their equals, where equals may stand; a set leaves them in
-    // the other tree.  A comparison a level for each, or one in all where one tree stands behind the other.  If the
-    // comparator throws, each record is in one tree or the other.
-    void merge(ordered &&other) {
-        if (&other == this)
-            return;
-        if (!root_ || other.empty() || this->follows()(&this->back(), &other.front()))
-            return append(static_cast<ordered &&>(other));
-        for (iterator it = other.begin(); it != other.end();)
-            this->take_over(other, it);
-    }
+    // ---- Against another tree, with a comparator of the same order.  For m records in the smaller tree and n in the
+    // other one O(m log(n/m + 1)) comparisons and steps, O(H) where one tree stands behind the other.  Positions of
+    // records that stay in their tree stay good.  If the comparator throws, each record is in one tree or the other, or
+    // has gone.
+
+    // Other's records come in: behind their equals, where equals may stand; a set leaves them in the other tree.
+    void merge(ordered &&other) { against<engine::fates::merge>(other, first_wins(), this->dispose_); }
     void merge(ordered &other) { merge(static_cast<ordered &&>(other)); }
+
+    // All come in, and other is empty afterwards.  Of two with one key wins(mine, theirs) gives the one that stays,
+    // which may take over what it likes from the other one; that one goes to dispose.
+    template <class Wins, class D> void unite(ordered &&other, const Wins &wins, const D &dispose) requires Unique {
+        against<engine::fates::unite>(other, wins, dispose);
+    }
+    template <class Wins = first_wins> void unite(ordered &&other, const Wins &wins = {}) requires Unique {
+        unite(static_cast<ordered &&>(other), wins, this->dispose_);
+    }
+
+    // Those stay whose keys are in the other tree too, all others go to dispose.  The other tree keeps its keys: where
+    // wins gives theirs, the two change places.
+    template <class Wins, class D> void intersect(ordered &other, const Wins &wins, const D &dispose) requires Unique {
+        against<engine::fates::intersect>(other, wins, dispose);
+    }
+    template <class Wins = first_wins> void intersect(ordered &other, const Wins &wins = {}) requires Unique {
+        intersect(other, wins, this->dispose_);
+    }
+
+    // Those whose keys are in the other tree too go to dispose.  The other tree keeps its records.
+    template <class D> void subtract(ordered &other, const D &dispose) requires Unique {
+        against<engine::fates::subtract>(other, first_wins(), dispose);
+    }
+    void subtract(ordered &other) requires Unique { subtract(other, this->dispose_); }
 
 private:
     // For what is cut out: empty, and made before anything changes, since copying a comparator may throw.
@@ -151,13 +180,13 @@ private:
             .top;
     }
 
-    // Two paths to empty links.  Where they part, the first to the left and the second to the right, stands the pivot;
-    // if they part the other way, or not at all, nothing lies between them.
+    // Two paths to empty links, so that neither begins the other.  Where they part, the first to the left and the
+    // second to the right, stands the pivot; if they part the other way, or not at all, nothing lies between them.
     void cut_out(ordered &result, Entry *from, Entry *begins, Entry *to, Entry *ends) {
         Entry *e = from, *f = to;
-        for (; e != begins && f != ends && e->Dir == f->Dir; ++e, ++f) {
+        for (; e != begins && e->Dir == f->Dir; ++e, ++f) {
         }
-        if (e == begins || f == ends || e->Dir > f->Dir)
+        if (e == begins || e->Dir > f->Dir)
             return;
         const auto boundary = [](Entry *bottom, Entry *top) {
             return [=](Node) { return engine::Boundary<Entry>{bottom, top == bottom ? bottom : top - 1}; };
@@ -165,6 +194,46 @@ private:
         const engine::Parts parts =
             engine::cut_between(nodes(), from, e, e->Node, boundary(e + 1, begins), boundary(f + 1, ends));
         part(result, parts.outer, parts.inner);
+    }
+
+    template <class Wins, class D> struct Against {
+        ordered &mine, &theirs;
+        const Wins &wins;
+        const D &dispose;
+
+        // In a multiset to the gap behind, or in front of, what equals the pivot: mine come first.
+        Entry *seek(Entry *path, Node root, Node pivot, [[maybe_unused]] bool pivot_is_mine) const {
+            const auto order = mine.order_of(*record(pivot));
+            using Trail = typename Base::Trail;
+            if constexpr (Unique)
+                return mine.find_place(path, order, root);
+            else if (pivot_is_mine)
+                return engine::descend<engine::rule::front>(nodes(), root, order, Trail{path}).top;
+            else
+                return engine::descend<engine::rule::back>(nodes(), root, order, Trail{path}).top;
+        }
+        bool theirs_wins(Node first, Node second) const {
+            return &wins(*record(first), *record(second)) == record(second);
+        }
+        void lose(Node n) const { dispose(record(n)); }
+        void lose_all(Node root) const { Base::dispose_of(root, dispose); }
+        void deliver(Node first, Node second) const {
+            mine.set_root(first);
+            theirs.set_root(second);
+        }
+    };
+    template <engine::Fates F, class Wins, class D> void against(ordered &other, const Wins &wins, const D &dispose) {
+        if (&other == this)
+            return F.winner == engine::To::lost ? this->clear_and_dispose(dispose) : void();
+        constexpr bool joins = F.only_mine == F.only_theirs;
+        if (joins && (other.empty() || !root_ || this->follows()(&this->back(), &other.front())))
+            return append(static_cast<ordered &&>(other));
+        if (joins && this->order_of(other.back())(&this->front()).left())
+            return prepend(static_cast<ordered &&>(other));
+        engine::Algebra<typename Traits::nodes, Entry, Traits::height, F, Against<Wins, D>> work(
+            nodes(), {*this, other, wins, dispose}, {root_, engine::height(nodes(), root_)},
+            {other.root_, engine::height(nodes(), other.root_)});
+        work.run();
     }
 
     template <Side S> void join(ordered &other) noexcept(!typed::checks || Traits::quiet_for_record) {

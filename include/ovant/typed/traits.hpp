@@ -22,6 +22,22 @@ template <auto First, auto... Parts> struct class_of<keys_of<First, Parts...>> :
 
 template <class M> inline constexpr bool is_link_member = false;
 template <class C> inline constexpr bool is_link_member<link C::*> = true;
+template <class C, class Summary> inline constexpr bool is_link_member<summary_link<Summary> C::*> = true;
+
+// What a link tells of the records below it, void for nothing; and the accessor to such links.
+template <class T, auto Link, class M = std::remove_cv_t<decltype(Link)>> struct summary_of {
+    using type = void;
+    using access = at_member<T, Link>;
+};
+template <class T, auto Link, class C, class Summary> struct summary_of<T, Link, summary_link<Summary> C::*> {
+    using type = Summary;
+    using access = summed_at_member<T, Link, Summary>;
+    static_assert(
+        requires(const Summary &side, const T &x) {
+            requires std::is_same_v<decltype(Summary::of(side, x, side)), Summary>;
+        },
+        "ovant: a summary has a static function of(left, record, right) that gives the summary of all three");
+};
 
 // The record is the class of the link or that of the key, whichever is derived from the other: a link may stand in a
 // base of the record, and so may the key.
@@ -80,8 +96,10 @@ using record_of =
 // Record is record_of<Link, Key>, named again: g++ takes a class for local to a file by its type arguments, not by the
 // class of a member, and would have two records of one name in unnamed namespaces share one code.
 template <class Record, bool Unique, auto Link, auto Key, class Compare, class Dispose> struct traits {
-    static_assert(is_link_member<decltype(Link)>,
-                  "ovant: the first argument is a pointer to a member of type ovant::link, as in &Event::link");
+    static_assert(
+        is_link_member<decltype(Link)>,
+        "ovant: the first argument is a pointer to a member of type ovant::link (or of one with a summary), as "
+        "in &Event::link");
     static_assert(Record::related, "ovant: the link and the key are members of unrelated classes");
     using value_type = typename Record::type;
     using facts = key_facts<Key, value_type, Compare>;
@@ -103,7 +121,11 @@ template <class Record, bool Unique, auto Link, auto Key, class Compare, class D
     static constexpr bool quiet_for_record = quiet<value_type, Compare, Key>::itself;
     static constexpr bool quiet_disposal = std::is_nothrow_invocable_v<const Dispose &, value_type *>;
 
-    using nodes = engine::Links<at_member<value_type, Link>>;
+    using summary = typename summary_of<value_type, Link>::type;
+    static constexpr bool summarises = !std::is_void_v<summary>;
+    static constexpr bool counted = std::is_base_of_v<record_count, summary>;
+
+    using nodes = engine::Links<typename summary_of<value_type, Link>::access>;
     struct entry {
         engine::Node Node;
         int Dir;

@@ -13,6 +13,12 @@ template <class V> void exchange(V &a, V &b) noexcept {
     b = static_cast<V &&>(c);
 }
 
+// Ranges of the host's, arrays among them.
+template <class Range> auto begin_of(Range &range) { return range.begin(); }
+template <class Range> auto end_of(Range &range) { return range.end(); }
+template <class X, std::size_t N> X *begin_of(X (&array)[N]) { return array; }
+template <class X, std::size_t N> X *end_of(X (&array)[N]) { return array + N; }
+
 template <class Traits> class trunk {
 protected:
     using T = typename Traits::value_type;
@@ -45,6 +51,7 @@ protected:
     static Nodes nodes() noexcept { return Nodes(); }
     static T *record(Node n) noexcept { return static_cast<T *>(n); }
     static Node node(const T &x) noexcept { return const_cast<T *>(&x); }
+    static Node node(const T *x) noexcept { return const_cast<T *>(x); }
 
     void set_root(Node root) noexcept {
         root_ = root;
@@ -110,19 +117,20 @@ protected:
         return engine::descend<engine::rule::succ>(nodes(), root_, engine::ToGap(gap), engine::NodeTrail{}).marked;
     }
 
-    // The path to the first record that does not stand before the order's key; 0 if there is none.
-    template <class Order> Entry *not_before(Entry *path, const Order &order) const {
-        Entry *const gap = engine::descend<engine::rule::front>(nodes(), root_, order, Trail{path}).top;
-        Entry *const behind = engine::last_turn<Side::left>(path, gap);
+    // The path to the first record behind a gap, 0 if there is none.
+    template <class InFront> Entry *path_behind(Entry *path, const InFront &gap) const {
+        Entry *const free = engine::descend<engine::rule::key>(nodes(), root_, engine::ToGap(gap), Trail{path}).top;
+        Entry *const behind = engine::last_turn<Side::left>(path, free);
         return behind ? engine::here(behind) : nullptr;
     }
-    // The path to this very record, along its run of equals; 0 if it is not in the tree.
-    Entry *locate(Entry *path, const T &x) const {
+    // The path to this very record, along its run of equals or the first few of them; 0 if it is not there.
+    Entry *locate(Entry *path, const T &x, std::size_t most = ~std::size_t{0}) const {
         const auto order = order_of(x);
-        for (Entry *at = not_before(path, order); at; at = engine::step<Side::right>(nodes(), path, at)) {
+        const engine::KeyGap<engine::Edge::front, decltype(order)> in_front(order);
+        for (Entry *at = path_behind(path, in_front); at; at = engine::step<Side::right>(nodes(), path, at)) {
             if (at->Node == node(x))
                 return at;
-            if (Traits::unique || !order(at->Node).match())
+            if (Traits::unique || --most == 0 || !order(at->Node).match())
                 break;
         }
         return nullptr;
@@ -136,6 +144,14 @@ protected:
         if (Entry *const top = extreme<S>(it.path_))
             it.stand(top);
         return it;
+    }
+
+    std::size_t records() const noexcept { return engine::count(nodes(), root_); }
+    std::ptrdiff_t rank_of(const T &x) const {
+        Path path;
+        const Entry *const top = locate(path.entries, x);
+        require(top, "the record of a position is not in its tree");
+        return static_cast<std::ptrdiff_t>(engine::rank(nodes(), path.entries, top));
     }
 
     Node root_ = nullptr;

@@ -4,7 +4,7 @@
 // records are as they were.  None allocates.  Positions of other records stay good; their paths are found again.
 #pragma once
 
-#include "look_up.hpp"
+#include "summed.hpp"
 
 namespace ovant::typed {
 
@@ -14,8 +14,8 @@ template <class Iterator> struct insertion {
     bool second;
 };
 
-template <class Traits> class update : public look_up<Traits> {
-    using Base = look_up<Traits>;
+template <class Traits> class update : public summed<Traits> {
+    using Base = summed<Traits>;
 
 protected:
     using Base::Base, Base::extreme, Base::locate, Base::node, Base::nodes, Base::order, Base::order_of, Base::record,
@@ -34,7 +34,7 @@ public:
     insertion<iterator> insert(T &x) noexcept(Traits::quiet_for_record) requires Traits::unique {
         require_stranger(x);
         Path path;
-        Entry *const top = find_place(path.entries, order_of(x));
+        Entry *const top = find_place(path.entries, order_of(x), root_);
         if (top->Node)
             return {{this, record(top->Node)}, false};
         return {hang(path, top, x), true};
@@ -52,7 +52,7 @@ public:
     T *insert_or_replace(T &x) requires Traits::unique {
         require_stranger(x);
         Path path;
-        Entry *const at = find_place(path.entries, order_of(x));
+        Entry *const at = find_place(path.entries, order_of(x), root_);
         if (!at->Node) {
             hang(path, at, x);
             return nullptr;
@@ -63,6 +63,7 @@ public:
             root_ = &x;
         else
             nodes().hang(engine::side_of(at[-1].Dir), at[-1].Node, &x);
+        engine::uplift_all(nodes(), path.entries, at, 0);
         set_root(root_);
         return old;
     }
@@ -73,13 +74,16 @@ public:
     // make gave nullptr.
     template <class K, class Make> insertion<iterator> find_or_insert(const K &k, Make make) requires Traits::unique {
         Path path;
-        Entry *const top = find_place(path.entries, order(k));
+        Entry *const top = find_place(path.entries, order(k), root_);
         if (top->Node)
             return {{this, record(top->Node)}, false};
         T *const x = make();
         if (!x)
             return {end(), false};
-        require_stranger(*x);
+        if constexpr (checks) {
+            require_stranger(*x);
+            require(order(k)(x).match(), "the record that was made has another key than the one asked for");
+        }
         return {hang(path, top, *x), true};
     }
     template <class K, class Make>
@@ -178,38 +182,32 @@ protected:
     template <bool C> void require_own([[maybe_unused]] const typed::iterator<Traits, C> &position) const {
         require(position.tree_ == this, "the position belongs to another tree");
     }
+    // Among the first hundred of its equals, so that an insertion stays at O(H).
     void require_stranger([[maybe_unused]] const T &x) const {
-        if constexpr (checks)
-            require(!this->holds(x), "the record is in the tree already");
+        if constexpr (checks) {
+            Path path;
+            require(!locate(path.entries, x, 100), "the record is in the tree already");
+        }
     }
 
-    // The record at a position of another tree comes over, if it may stand here; the position goes on.
-    void take_over(update &other, iterator &at) {
-        T &x = *at;
-        Path path;
-        Entry *top;
-        if constexpr (Traits::unique)
-            top = find_place(path.entries, order_of(x));
-        else
-            top = engine::descend<engine::rule::back>(nodes(), root_, order_of(x), Trail{path.entries}).top;
-        if (top->Node)
-            return void(++at);
-        other.pop(at);
-        hang(path, top, x);
-    }
-
-private:
     // Down to a match or to the free position.  A predicate is asked once a level on the way to the gap, and then
     // whether the record behind it is a match.
-    template <class Order> Entry *find_place(Entry *path, const Order &ask) const {
-        if constexpr (is_predicate_answer<decltype(ask(root_))>) {
-            Entry *const top = engine::descend<engine::rule::front>(nodes(), root_, ask, Trail{path}).top;
+    template <class Order> static Entry *find_place(Entry *path, const Order &ask, Node root) {
+        if constexpr (is_predicate_answer<decltype(ask(root))>) {
+            Entry *const top = engine::descend<engine::rule::front>(nodes(), root, ask, Trail{path}).top;
             Entry *const candidate = engine::last_turn<Side::left>(path, top);
             return candidate && !ask(candidate->Node).left() ? candidate : top;
         } else {
-            return engine::descend<engine::rule::key>(nodes(), root_, ask, Trail{path}).top;
+            return engine::descend<engine::rule::key>(nodes(), root, ask, Trail{path}).top;
         }
     }
+    // x comes in at a free position, and the iterator that has the path there stands at it.
+    void link_at(iterator &at, Entry *place, T &x) {
+        set_root(engine::insert_at(nodes(), at.path_, place, &x));
+        at.stand(place);
+    }
+
+private:
     iterator hang(Path &path, Entry *top, T &x) {
         top->Node = engine::write_links(nodes(), &x, {nullptr, nullptr, 0});
         engine::grow(nodes(), path.entries, top);
@@ -221,12 +219,6 @@ private:
         Path path;
         return hang(path, engine::descend<R>(nodes(), root_, order_of(x), Trail{path.entries}).top, x);
     }
-    // x comes in at a free position, and the iterator that has the path there stands at it.
-    void link_at(iterator &at, Entry *place, T &x) {
-        set_root(engine::insert_at(nodes(), at.path_, place, &x));
-        at.stand(place);
-    }
-
     // The free position next to a position, on its side S: at the end the one behind the last record.
     template <Side S> Entry *free_place(iterator &at) {
         Entry *const top = at.path();
@@ -276,7 +268,7 @@ private:
 
     template <class K> T *extract_match(const K &k) {
         Path path;
-        Entry *const top = find_place(path.entries, order(k));
+        Entry *const top = find_place(path.entries, order(k), root_);
         const Node x = top->Node;
         if (x)
             set_root(engine::remove(nodes(), path.entries, top));

@@ -4,7 +4,7 @@
 #include "../engine/build.hpp"
 #include "../engine/inspect.hpp"
 #include "draw.hpp"
-#include "update.hpp"
+#include "many.hpp"
 
 namespace ovant {
 
@@ -17,7 +17,8 @@ public:
     const T *record = nullptr;
     // "wrong order": it stands before its predecessor, or equals it in a set.  "wrong balance": its Balance is not the
     // difference of the heights below it, or lies deeper than any tree reaches.  "circle": it is its own descendant.
-    // "shared": two links lead to it; way is the second one.
+    // "shared": two links lead to it; way is the second one.  "wrong summary": it is not that of its record and its two
+    // children, where summaries compare by ==.
     const char *reason = "sound";
     // "left, right, right", or "root".
     char way[7 * (engine::greatest_height(sizeof(T)) + 2)] = {};
@@ -25,8 +26,8 @@ public:
 
 namespace typed {
 
-template <class Traits> class whole : public update<Traits> {
-    using Base = update<Traits>;
+template <class Traits> class whole : public many<Traits> {
+    using Base = many<Traits>;
 
 protected:
     using Base::Base, Base::nodes, Base::node, Base::record, Base::root_, Base::set_root, Base::sweep_away;
@@ -40,6 +41,16 @@ public:
     // The same with another disposer, called with a pointer to each record, in no particular order; it may release it.
     template <class D> void clear_and_dispose(D dispose) { sweep_away(dispose); }
 
+    // The same in steps, whenever the caller has time for one: the first few records, at most `most` of them, go to the
+    // disposer, or to another one.  Returns whether any are left.  What is left is a tree in every respect.  O(most +
+    // H), no comparison.
+    bool dispose_some(std::size_t most) { return dispose_some(most, this->dispose_); }
+    template <class D> bool dispose_some(std::size_t most, const D &dispose) {
+        for (typename Base::iterator at = this->begin(); most != 0 && root_; --most)
+            dispose(this->pop(at));
+        return root_;
+    }
+
     // ---- Filled: what was in the tree goes to the disposer; all positions end
 
     // Takes the records of a range whose order is already that of the tree: of references, or of pointers, to records.
@@ -50,11 +61,11 @@ public:
         if constexpr (requires { range.size(); })
             n = static_cast<std::size_t>(range.size());
         else
-            for (auto it = range.begin(); it != range.end(); ++it)
+            for (auto it = begin_of(range); it != end_of(range); ++it)
                 ++n;
         clear();
-        auto it = range.begin();
-        set_root(engine::build(nodes(), n, [&]() -> Node { return address(*it++); }));
+        auto it = begin_of(range);
+        set_root(engine::build(nodes(), n, [&]() -> Node { return node(*it++); }));
         require(sorted(), "assign_sorted was given records out of order");
     }
 
@@ -74,6 +85,7 @@ public:
         const auto make = [&](Node n) -> Node { return clone(static_cast<const T &>(*record(n))); };
         if (!engine::clone(nodes(), from.entries, to.entries, other.root_, make, &copies.root))
             return false;
+        engine::refresh_below(nodes(), to.entries, copies.root);
         clear_and_dispose(dispose);
         set_root(copies.root);
         copies.root = nullptr;
@@ -91,20 +103,29 @@ public:
         set_root(nullptr);
         return root;
     }
-    // They come in.  Requires: the tree is empty, and the records are linked in its order.
+    // They come in.  Requires: the tree is empty, and the records are linked in its order.  What is wrong with their
+    // summaries is mended by refresh_all.
     void adopt(T *root) noexcept {
         require(!root_, "a tree that adopts a root must be empty");
         set_root(root);
     }
 
+    // All summaries are made anew, in O(n).
+    void refresh_all() noexcept requires Traits::summarises {
+        Path path;
+        engine::refresh_below(nodes(), path.entries, root_);
+    }
+
     // ---- Verified
 
-    // Order, balance and links, in O(n) and a comparison a record.  Ends on any damage, as long as links lead to
-    // records.  Not const: while it runs it notes in the links which it has seen.
+    // Order, balance, links and summaries, in O(n) and a comparison a record.  Ends on any damage, as long as links
+    // lead to records.  Not const: while it runs it notes in the links which it has seen.
     finding<T> check() {
         Path path;
         int height[Traits::height + 2];
         auto found = engine::inspect_links(nodes(), path.entries, height, Traits::height, root_);
+        if (found.flaw == engine::Flaw::none)
+            found = engine::inspect_summaries(nodes(), path.entries, height, root_);
         if (found.flaw == engine::Flaw::none)
             found = engine::inspect_order(nodes(), path.entries, root_, follows());
         finding<T> result;
@@ -135,9 +156,6 @@ protected:
     }
 
 private:
-    static Node address(T &x) { return node(x); }
-    static Node address(T *x) { return x; }
-
     bool sorted() const {
         if constexpr (checks) {
             Path path;
@@ -147,7 +165,8 @@ private:
     }
 
     static void tell(finding<T> &result, const engine::Finding<Entry> &found, const Entry *bottom) {
-        constexpr const char *reasons[] = {"sound", "wrong order", "wrong balance", "circle", "shared"};
+        constexpr const char *reasons[] = {"sound",  "wrong order", "wrong balance",
+                                           "circle", "shared",      "wrong summary"};
         result.record = record(found.top->Node);
         result.reason = reasons[static_cast<int>(found.flaw)];
         char *to = result.way;
