@@ -1,7 +1,3 @@
-# Big-endian, by Debian's cross compiler, run under qemu.
-set(CMAKE_SYSTEM_NAME Linux)
-set(CMAKE_SYSTEM_PROCESSOR s390x)
-set(CMAKE_C_COMPILER s390x-linux-gnu-gcc)
-set(CMAKE_CXX_COMPILER s390x-linux-gnu-g++)
-set(CMAKE_CROSSCOMPILING_EMULATOR qemu-s390x -L /usr/s390x-linux-gnu)
-set(OVANT_GTEST_SOURCE /usr/src/googletest)
+# Big-endian.
+set(machine s390x)
+include(${CMAKE_CURRENT_LIST_DIR}/cross.cmake)

@@ -88,7 +88,10 @@
 #include <stdint.h>
 #include <stdio.h>
 
-#if defined(__GNUC__)
+/* On Windows a host that links the static library defines OVANT_STATIC; all others get the names from ovantlib.dll. */
+#if defined(_WIN32) && !defined(OVANT_STATIC)
+#define OVANT_API __declspec(dllimport)
+#elif defined(__GNUC__) && !defined(_WIN32)
 #define OVANT_API __attribute__((visibility("default")))
 #else
 #define OVANT_API
@@ -141,11 +144,10 @@ typedef struct AVL_PfadEntry {
 typedef struct AVL_Tree AVL_Tree;
 
 /* The comparator: where does the key lie, seen from this node?
- *   -1   left of it     0   here, a match     +1   right of it
- * Nothing else may come back.  node_key is node + KeyOff, the address of the key inside the node; key is the key word
+ *   below 0   left of it     0   here, a match     above 0   right of it
+ * Only the sign is read.  node_key is node + KeyOff, the address of the key inside the node; key is the key word
  * of the operation.  The library never compares two nodes, so the two may have different forms.
- * The sign is that of strcmp(key, node_key), smallest first; strcmp(node_key, key) puts the largest first.
- * AVL_CMP_String_to_Norm makes one of the three answers of either.
+ * strcmp(key, node_key) puts the smallest first, strcmp(node_key, key) the largest.
  * No branch in it should depend on a key: where ?: becomes one, (k > n) - (k < n) takes 0.65 of the time of a search at
  * random keys and 0.9 where the way can be foreseen (double, gcc 12; docs/recipes.md).
  */
@@ -447,6 +449,9 @@ OVANT_API void AVL_InsertStack(AVL_Tree *tree, AVL_PfadEntry *pfad, void *node);
  * tree order, which is relinked: no node moves in memory and no key is copied.
  * No comparison; one descent to the neighbour and one climb, each at most H steps.  A removal uses up the Pfad.
  * A node that was handed back keeps its old link header: clear it before it goes into a tree again.
+ * A node whose Balance is damaged, outside -1, 0, +1, cannot be taken out.  AVL_GetPfad and AVL_InsertGetKey return it
+ * and leave the tree as it is, with the node in it.  AVL_DelPfad leaves nothing at its place where Free gives 0: what
+ * hangs below the node is lost to the tree.  AVL_CheckBalance tells beforehand.
  */
 
 /* AVL_DelPfad: asks Free(node, key, context) what becomes of the Pfad's node; no result.
@@ -500,7 +505,8 @@ OVANT_API void *AVL_GetMax(AVL_Tree *tree);
 /* ---- Key paths ------------------------------------------------------------------------------------------------- */
 /* A path to a key, to its neighbours or to an end of the tree.  Every one returns a Pfad, never 0; read its Node.
  * What comes out is good for AVL_DelPfad and AVL_GetPfad and as position of a walk, an open Pfad for AVL_InsertStack
- * too.  On an empty tree the result is the bottom entry with Node 0, and Cmp is not called.
+ * too.  On an empty tree the result is the bottom entry with Node 0, and Cmp is not called; Dir is DIR_HERE then but
+ * for AVL_MakePredKey and AVL_MakeSuccKey, which write none.
  * One comparison per level, and no node changes.  Use the Stack: the result is its newest path, and stays the tree's.
  * Call back Cmp alone.  The match is, as in insertion, the matching node nearest to the root.
  */
@@ -729,6 +735,7 @@ OVANT_API void *AVL_SearchMax(const AVL_Tree *tree);
  *                   before the boundary, DIR_LEFT at every one behind it, DIR_HERE at none.  Node 0: the tree is empty
  *   range path      ends at the root of the smallest subtree that holds the whole range, a node of the range itself.
  *                   Its Dir means nothing.  Node 0: the range is empty, and the Pfad is open
+ * On an empty tree AVL_MakeLess and AVL_MakeBetweenGreaterLess write DIR_HERE, the other three no Dir.
  * No node changes.  Use the Stack: the result is its newest path, and stays the tree's.  Call back Cmp alone.
  */
 

@@ -1,8 +1,8 @@
 #include "frame/report.hpp"
+#include "platform/runtime.hpp"
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 namespace ovant::c {
 
@@ -14,7 +14,7 @@ namespace {
 char *code_text(const char *kind, int limit, int code) {
     char text[sizeof "Function Code (-2147483648)"];
     std::snprintf(text, sizeof text, "%s Code (%3.3d)", kind, code < limit ? code : 0);
-    return ::strdup(text);
+    return duplicate(text);
 }
 
 } // namespace

@@ -36,7 +36,7 @@ struct ModuleName {
 
 } // namespace
 
-int DllMain(void *instance, uint32_t reason, void *reserved) {
+int OVANT_ENTRY DllMain(void *instance, uint32_t reason, void *reserved) {
     const ModuleName library(instance), host(nullptr);
     const int thread = platform::thread_id();
     if (reason < std::size(notices))

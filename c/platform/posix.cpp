@@ -31,9 +31,10 @@ template <class Call> auto unless_interrupted(Call call) {
     return result;
 }
 
+// Not where the other end is closed: to write there would end the process by SIGPIPE.
 bool ready(int descriptor, short events, int milliseconds) {
     pollfd wanted = {.fd = descriptor, .events = events, .revents = 0};
-    return unless_interrupted([&] { return poll(&wanted, 1, milliseconds); }) > 0;
+    return unless_interrupted([&] { return poll(&wanted, 1, milliseconds); }) > 0 && wanted.revents == events;
 }
 
 bool attended() {
@@ -41,14 +42,14 @@ bool attended() {
     return tcgetpgrp(STDIN_FILENO) == group && tcgetpgrp(STDERR_FILENO) == group;
 }
 
-// A full pipe nobody reads loses the text rather than hold the process, and a background job does not stop here.
+// A full pipe nobody reads loses the text rather than hold the process, whatever timers of the host go off meanwhile,
+// and a background job does not stop here: no signal comes through.
 void print(const char *text) {
-    sigset_t terminal_output, before;
-    sigemptyset(&terminal_output);
-    sigaddset(&terminal_output, SIGTTOU);
-    pthread_sigmask(SIG_BLOCK, &terminal_output, &before);
+    sigset_t all, before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_BLOCK, &all, &before);
     for (std::size_t rest = std::strlen(text); rest > 0 && ready(STDERR_FILENO, POLLOUT, 200);) {
-        const ssize_t written = unless_interrupted([&] { return write(STDERR_FILENO, text, rest); });
+        const ssize_t written = write(STDERR_FILENO, text, rest);
         if (written <= 0)
             break;
         text += written;

@@ -1,7 +1,12 @@
 // Text operations that no standard library offers in this form.  All of them follow the current locale and set none.
+// What is said here holds on POSIX; on Windows the platform's own runtime serves them, with its code page: _strdup,
+// _stricmp, _mbscmp, _mbsupr.
 #pragma once
 
 namespace ovant::c {
+
+// A copy for free(), 0 without memory.
+char *duplicate(const char *text);
 
 // Negative, zero or positive, as the search string stands before, with or behind the node's.
 

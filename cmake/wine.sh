@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# wine.sh BUILD_FOLDER PROGRAM ARGUMENT...: runs a Windows program in a Wine prefix of the build folder's own, where it
+# finds ovantlib.dll and the compiler's libraries.  Its standard output comes with plain line ends.
+set -o pipefail
+export WINEPREFIX=$1/wine WINEDEBUG=-all WINEDLLOVERRIDES='mscoree,mshtml='
+WINEPATH=$1$(printf ';%s' /usr/lib/gcc/x86_64-w64-mingw32/*-posix /usr/x86_64-w64-mingw32/lib)
+export WINEPATH
+PATH=$PATH:/usr/lib/wine
+program=$2
+[ -e "$program" ] || program+=.exe
+wine64 "$program" "${@:3}" | tr -d '\r'
