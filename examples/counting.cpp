@@ -3,7 +3,9 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdlib>
 #include <deque>
+#include <exception>
 #include <iostream>
 #include <iterator>
 #include <new>
@@ -80,7 +82,16 @@ static int count_words() {
     return std::cout.flush() ? 0 : 1;
 }
 
-int main() try { return count_words(); } catch (const std::bad_alloc &) {
+static int out_of_memory() {
     std::cerr << "counting: out of memory\n";
     return 1;
+}
+
+int main() try {
+    std::set_terminate([] { // where memory stays away there may be none for an exception
+        std::current_exception() ? std::abort() : std::_Exit(out_of_memory());
+    });
+    return count_words();
+} catch (const std::bad_alloc &) {
+    return out_of_memory();
 }

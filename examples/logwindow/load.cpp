@@ -1,13 +1,12 @@
 #include "load.hpp"
 
 #include "complain.hpp"
+#include "files.hpp"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 
 using namespace std::chrono_literals;
@@ -56,7 +55,8 @@ int Loader::read(int file, const std::string &name) {
             room *= 2;
             text = static_cast<char *>(std::memcpy(arena_.allocate(room, 1), text, size));
         }
-        const ssize_t got = ::read(file, text + size, std::min<std::size_t>(room - size, 1 << 24));
+        const ssize_t got =
+            ::read(file, text + size, static_cast<unsigned>(std::min<std::size_t>(room - size, most_at_once)));
         text_ = {text, size};
         if (got == 0 || (got < 0 && errno != EINTR))
             return got ? errno : 0;
@@ -89,7 +89,7 @@ Timeline Loader::parse(const std::string &name) {
 bool Loader::load(const std::string &path, Timeline &timeline) {
     const bool standard = path == "-";
     const std::string name = standard ? "standard input" : path;
-    const int file = standard ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+    const int file = standard ? STDIN_FILENO : ::open(path.c_str(), O_RDONLY | as_it_is);
     if (file < 0)
         return complain(name, std::strerror(errno));
     const int error = read(file, name);

@@ -1,12 +1,14 @@
 // logwindow: merges log files in the order of time and shows a window of them.
 #include "complain.hpp"
+#include "files.hpp"
 #include "load.hpp"
 #include "options.hpp"
 #include "output.hpp"
 
 #include <chrono>
+#include <cstdlib>
+#include <exception>
 #include <new>
-#include <unistd.h>
 
 namespace {
 
@@ -41,6 +43,8 @@ int run(const Options &options) {
 
     if (options.drop_before)
         timeline.erase(ovant::start, ovant::before(*options.drop_before));
+    if (options.svg || options.dot)
+        return write_picture(timeline, options.window, options.svg) && good ? 0 : 1;
     Timeline window = options.cost ? cut_and_compare(timeline, options.window) : cut(timeline, options.window);
     if (options.keep)
         keep_newest(window, *options.keep);
@@ -54,9 +58,18 @@ int run(const Options &options) {
     return good ? 0 : 1;
 }
 
+int out_of_memory() {
+    complain("memory", "not enough for these files");
+    return 1;
+}
+
 } // namespace
 
 int main(int count, char **words) {
+    standard_as_it_is();
+    std::set_terminate([] { // where memory stays away there may be none for an exception
+        std::current_exception() ? std::abort() : std::_Exit(out_of_memory());
+    });
     try {
         const auto options = read_options(count, words);
         if (!options)
@@ -65,7 +78,6 @@ int main(int count, char **words) {
             return std::fputs(usage, stdout) < 0 || std::fflush(stdout) != 0;
         return run(*options);
     } catch (const std::bad_alloc &) {
-        complain("memory", "not enough for these files");
-        return 1;
+        return out_of_memory();
     }
 }

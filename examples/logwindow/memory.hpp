@@ -6,6 +6,8 @@
 #include <new>
 #if defined(__linux__)
 #include <sys/mman.h>
+#elif defined(_WIN32)
+#include <malloc.h>
 #endif
 
 // Blocks on pages as large as the system has them: a million entries touch some 100 MB, and to be given that in small
@@ -17,7 +19,7 @@ public:
 private:
     void *do_allocate(std::size_t size, std::size_t) override {
         const std::size_t rounded = (size + page - 1) / page * page;
-        void *const block = rounded >= size ? std::aligned_alloc(page, rounded) : nullptr;
+        void *const block = rounded >= size ? take(rounded) : nullptr;
         if (!block)
             throw std::bad_alloc();
 #if defined(MADV_HUGEPAGE)
@@ -25,6 +27,13 @@ private:
 #endif
         return block;
     }
-    void do_deallocate(void *block, std::size_t, std::size_t) override { std::free(block); }
+    void do_deallocate(void *block, std::size_t, std::size_t) override { give_back(block); }
+#if defined(_WIN32)
+    static void *take(std::size_t size) { return _aligned_malloc(size, page); }
+    static void give_back(void *block) { _aligned_free(block); }
+#else
+    static void *take(std::size_t size) { return std::aligned_alloc(page, size); }
+    static void give_back(void *block) { std::free(block); }
+#endif
     bool do_is_equal(const memory_resource &other) const noexcept override { return this == &other; }
 };

@@ -15,6 +15,7 @@ const char *const usage =
     "  --drop-before T    forget everything before T first\n"
     "  --keep N           only the newest N entries of the window\n"
     "  --tree             draw the window as the tree that holds it\n"
+    "  --svg, --dot       draw the tree that holds everything, with the window in another colour, as a picture\n"
     "  --split-by day|hour --into FOLDER [--force]\n"
     "                     write one file per day or hour (UTC where stamps have a zone);\n"
     "                     --force overwrites files that exist\n"
@@ -61,16 +62,18 @@ bool consistent(const Options &o) {
         return complain(o.force ? "--force" : "--into", "needs --split-by day or --split-by hour");
     if (o.split_by && o.tree)
         return complain("--tree", "does not go with --split-by");
+    for (const auto &[flag, name] : {std::pair{o.svg, "--svg"}, {o.dot, "--dot"}})
+        if (flag && (o.split_by || o.tree || o.keep || (o.svg && o.dot)))
+            return complain(name, "does not go with --split-by, --keep, or another way to draw");
     return o.window.first <= o.window.last || complain("--from", "stands after --to");
 }
 
 } // namespace
 
 std::optional<Options> read_options(int count, char **words) {
-    const std::pair<const char *, bool Options::*> flags[] = {{"--force", &Options::force},
-                                                              {"--tree", &Options::tree},
-                                                              {"--cost", &Options::cost},
-                                                              {"--help", &Options::help}};
+    const std::pair<const char *, bool Options::*> flags[] = {{"--force", &Options::force}, {"--tree", &Options::tree},
+                                                              {"--svg", &Options::svg},     {"--dot", &Options::dot},
+                                                              {"--cost", &Options::cost},   {"--help", &Options::help}};
     const char *const valued[] = {"--from", "--to", "--drop-before", "--keep", "--split-by", "--into"};
     Options o;
     bool only_files = false;

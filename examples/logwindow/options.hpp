@@ -12,7 +12,7 @@ struct Options {
     std::optional<std::uint64_t> keep;
     std::optional<Period> split_by;
     std::string into;
-    bool force = false, tree = false, cost = false, help = false;
+    bool force = false, tree = false, svg = false, dot = false, cost = false, help = false;
     std::vector<std::string> files;
 };
 

@@ -1,23 +1,23 @@
 #include "output.hpp"
 
 #include "complain.hpp"
+#include "files.hpp"
+#include "ovant/picture.hpp"
 
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
-#include <unistd.h>
 #include <utility>
 #include <vector>
 
 namespace {
 
 // Gathers small pieces of text; pieces that stand side by side in memory count as one, so that a file in order goes
-// out as it came in, without a copy.
+// out as it came in, without a copy.  Asks for no memory, which may run out while a file is half written.
 class Writer {
 public:
-    explicit Writer(int file) : file_(file) { buffer_.reserve(capacity); }
+    explicit Writer(int file) : file_(file) {}
 
     Writer &operator<<(std::string_view text) {
         if (text.data() != run_.data() + run_.size()) {
@@ -32,28 +32,27 @@ public:
     // False after a complaint about the first failure.
     bool finish(std::string_view name) {
         take_run();
-        put(buffer_);
+        put({buffer_, used_});
         return error_ ? complain(name, std::strerror(error_)) : true;
     }
 
 private:
-    static constexpr std::size_t capacity = 1 << 18;
-
     void take_run() {
-        if (buffer_.size() + run_.size() > capacity) {
-            put(buffer_);
-            buffer_.clear();
+        if (used_ + run_.size() > sizeof buffer_) {
+            put({buffer_, used_});
+            used_ = 0;
         }
-        if (run_.size() > capacity)
+        if (run_.size() > sizeof buffer_)
             put(run_);
         else
-            buffer_ += run_;
+            used_ += run_.copy(buffer_ + used_, run_.size());
         run_ = {};
     }
 
     void put(std::string_view text) {
         while (!text.empty() && !error_) {
-            const ssize_t put = ::write(file_, text.data(), text.size());
+            const ssize_t put =
+                ::write(file_, text.data(), static_cast<unsigned>(std::min<std::size_t>(text.size(), most_at_once)));
             if (put >= 0)
                 text.remove_prefix(static_cast<std::size_t>(put));
             else if (errno != EINTR)
@@ -62,7 +61,8 @@ private:
     }
 
     int file_, error_ = 0;
-    std::string buffer_;
+    std::size_t used_ = 0;
+    char buffer_[1 << 18];
     std::string_view run_; // not yet in the buffer
 };
 
@@ -91,7 +91,7 @@ struct Branches {
 // A file written aside.  It goes with this object, also where memory is refused, unless it has been moved into place.
 struct Part {
     std::string path;
-    int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    int file = ::open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | as_it_is, 0666);
 
     ~Part() {
         if (file >= 0)
@@ -107,9 +107,10 @@ bool write_file(const Timeline &timeline, const std::string &path) {
     bool good = write_entries(timeline, part.file, path);
     if (::close(part.file) != 0 && good)
         good = complain(path, std::strerror(errno));
-    if (good && std::rename(part.path.c_str(), path.c_str()) != 0)
-        good = complain(path, std::strerror(errno));
-    return good;
+    std::error_code error;
+    if (good)
+        std::filesystem::rename(part.path, path, error);
+    return error ? complain(path, error.message()) : good;
 }
 
 } // namespace
@@ -139,6 +140,26 @@ bool write_tree(const Timeline &timeline) {
         line->resize(width + 2, ' ');
         writer << *line << first_line(entry) << "\n";
     });
+    return writer.finish("standard output");
+}
+
+// A box holds the stamp, down to the second, without the day where it is one for all.
+bool write_picture(const Timeline &timeline, Span window, bool svg) {
+    const auto day = [](const Entry &entry) { return entry.view().substr(0, 10); };
+    const bool one_day = !timeline.empty() && day(timeline.front()) == day(timeline.back());
+    const auto print = [&](std::ostream &out, const Entry &entry) {
+        const std::string_view stamp = first_line(entry).substr(0, 19);
+        out << stamp.substr(one_day ? 11 : 0);
+    };
+    const bool all = window.first == earliest && window.last == latest;
+    const auto inside = [&](const Entry &entry) {
+        return !all && window.first <= entry.stamp && entry.stamp <= window.last;
+    };
+    std::ostringstream out;
+    svg ? ovant::draw_svg(out, timeline, print, inside) : ovant::draw_dot(out, timeline, print, inside);
+    Writer writer(STDOUT_FILENO);
+    const std::string text = out.str();
+    writer << text;
     return writer.finish("standard output");
 }
 

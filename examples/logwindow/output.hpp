@@ -9,4 +9,5 @@
 // Each answers false after a complaint.
 bool write_entries(const Timeline &timeline, int file, std::string_view name);
 bool write_tree(const Timeline &timeline);
+bool write_picture(const Timeline &timeline, Span window, bool svg); // else DOT
 bool write_periods(Timeline &&timeline, Period period, const std::string &folder, bool force);

@@ -1,41 +1,35 @@
 #!/usr/bin/env bash
-# Refused memory: wherever it happens, one clear line, exit status 1, and no file is left half written.
+# Refused memory: each request of a program in turn, by itself and with all that follow.  A program ends with one clear
+# line and the exit status 1, or does as well without; no file is left half written.
 # shellcheck disable=SC1091,SC2154 # build comes with the support
 . "$(dirname "$0")/support.bash"
-[ -z "${OVANT_EMULATOR:-}" ] || finish # the limit would be the emulator's
+[ -n "${OVANT_REFUSE:-}" ] || finish # built for another machine, or with a sanitizer, which has a malloc of its own
 
-# within KILOBYTES PROGRAM ARGUMENT...
-within() (
-    ulimit -v "$1" && shift && program "$@"
-)
-least=4096
-until within $least logwindow --help >/dev/null 2>&1; do
-    least=$((least + 256))
-    [ $least -lt 100000 ] || finish # built with a sanitizer, which needs far more for itself
-done
-
-# refused_within LAST MESSAGE PROGRAM ARGUMENT...: under limits from the least up to the first that suffices.  Right at
-# the least one the C++ run-time library has not even the memory that it keeps for exceptions.
-refused_within() {
-    local last=$1 message=$2 limit refusals=0 got
-    shift 2
-    for ((limit = least + 256; limit <= last; limit += 256)); do
-        rm -rf folder
-        within $limit "$@" <input >out 2>err
-        got=$?
-        [ "$got" != 0 ] || break
-        refusals=$((refusals + 1))
-        same "$*: within $limit KB" "1 $message" "$got $(cat err)"
-        same "$*: within $limit KB, files half written" '' "$(find folder -name '*.part' 2>/dev/null)"
+# bears_refusals MESSAGE PROGRAM ARGUMENT...
+bears_refusals() {
+    local message=$1 number stays got refusals=0
+    shift
+    rm -rf folder
+    program "$@" <input >sound 2>&1
+    for ((number = 1; ; number++)); do
+        for stays in '' REFUSE_ON=yes; do
+            rm -rf folder
+            (export LD_PRELOAD="$OVANT_REFUSE" REFUSE=$number ${stays:+"$stays"}; program "$@") \
+                <input >out 2>err 9>refused
+            got=$?
+            [ -s refused ] || break 2
+            refusals=$((refusals + 1))
+            [ $got = 0 ] || same "$*: request $number refused${stays:+ and all behind it}" "1 $message" "$got $(cat err)"
+            [ $got != 0 ] || same "$*: request $number refused, output" "$(cat sound)" "$(cat out err)"
+            same "$*: request $number, files half written" '' "$(find folder -name '*.part' 2>/dev/null)"
+        done
     done
-    if [ $refusals -lt 4 ] || [ $limit -gt "$last" ]; then
-        same "$*" 'refused by small limits only' "$refusals times up to $limit"
-    fi
+    [ $refusals -gt 9 ] || same "$*" 'many requests' "$refusals refusals"
 }
 
-awk 'BEGIN { for (i = 0; i < 20000; ++i)
-    printf "2026-01-%02d %02d:00:00 entry-%d is neither long nor short\n", i / 1000 + 1, i / 50 % 20, i }' >input
-refused_within $((least + 20480)) 'logwindow: memory: not enough for these files' \
-    logwindow --split-by hour --into folder input
-refused_within $((least + 20480)) 'counting: out of memory' counting
+awk 'BEGIN { for (i = 0; i < 60; ++i) printf "2026-01-01 %02d:00:00 entry-%d\n", i / 20, i }' >input
+tired='logwindow: memory: not enough for these files'
+bears_refusals "$tired" logwindow --split-by hour --into folder input
+bears_refusals "$tired" logwindow --tree --keep 9 --to=2026 input input
+bears_refusals 'counting: out of memory' counting
 finish

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# What orderbook and expiry play is made up, but it has to add up.
+# What these programs play is made up, but it has to add up.
 # shellcheck disable=SC1091
 . "$(dirname "$0")/support.bash"
 
@@ -34,4 +34,18 @@ left() { sed -n "s/^by $1: *//p" sessions | sed 's/  /\n/g'; }
 same 'they stand in the order of their names' "$(left name | sort -u)" "$(left name)"
 same 'and in the order of their times' "$(left name | sort -k2)" "$(left time)"
 same 'some have expired' some "$(sed -n 's/.* begun, [1-9][0-9]* expired.*/some/p' sessions)"
+
+program leaderboard >board || same 'exit status of leaderboard' 0 $?
+best=$(sed -n '2,11p' board)
+same 'the best are in order' "$(sort -s -k3,3nr <<<"$best")" "$best"
+same 'the player stands in the middle of his page' 3 "$(sed -n '/those around/,/^$/p' board | sed 1d | grep -n '>' | cut -d: -f1)"
+same 'counts of parts add up' '2000 2000' \
+    "$(awk '/have more/ { print $1 + $7 + $12 } /league/ { gsub(/,/, ""); print $5 + $NF }' board | paste -sd ' ')"
+
+program bookings >house || same 'exit status of bookings' 0 $?
+awk '/^  room/ { if (($6 " " $7) > "06-30 20:00" || ($9 " " $10) <= "06-30 12:00" || n[$2]++ > 1) print }
+    /^The next/ { next } / night/ { for (i = 3; i < NF; i += 2) if (($i " " $(i + 1)) < "06-30 12:00") print }' house >wrong
+same 'who is in the house has come and not gone, and no room is free before the time asked for' '' "$(cat wrong)"
+same 'there are guests, and rooms for as long as 6 nights' '8 some' \
+    "$(awk '/6 nights/ { n = (NF - 2) / 2 } /^  room/ { some = "some" } END { print n, some }' house)"
 finish

@@ -28,4 +28,9 @@ same neighbours '4700: nearest is 4700
 1e+09: nearest is 8.2e+06' "$(program neighbours 4700 5000 5500 1 1e9)"
 same 'no number' $'neighbours: 5k: no resistance in ohms\n100: nearest is 100\n1' \
     "$(program neighbours 5k 100 2>&1; echo $?)"
+
+same graph 'digraph tree {
+  "b"
+  "b" -> "a" [label=left]
+  "b" -> "d\""' "$(program graph b 'd"' a b | head -4)"
 finish

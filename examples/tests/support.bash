@@ -18,9 +18,9 @@ logwindow() { program logwindow "$@"; }
 
 finish() { exit "$failed"; }
 
-# same WHAT EXPECTED ACTUAL
+# same WHAT EXPECTED ACTUAL, whatever a line ends in
 same() {
-    [ "$2" = "$3" ] && return
+    [ "$2" = "${3//$'\r'/}" ] && return
     failed=1
     printf 'wrong: %s\n' "$1"
     diff <(printf '%s\n' "$2") <(printf '%s\n' "$3") | sed 's/^/    /'

@@ -58,5 +58,17 @@ printf '%s\n' '/-- o  2026-01-01 00:00:01 line 1' 'o      2026-01-01 00:00:02 li
 same 'the tree of a window' "$(cat picture)" "$(logwindow --tree --to 2026-01-01T00:00:03 five)"
 printf '2026-01-01 00:00:00 %059dä\n' 0 >umlaut
 same 'no half character' "o  2026-01-01 00:00:00 $(printf %059d 0)" "$(logwindow --tree umlaut)"
+
+logwindow --svg --from 2026-02 --to 2026-02 log >picture
+same 'a box for each entry' 15 "$(grep -c '<rect x' picture)"
+same 'those of the window in another colour' 8 "$(grep -c ffc078 picture)"
+same 'a line to each but the root' 14 "$(grep -c 'path d="M.*L' picture)"
+logwindow --dot log >picture
+same 'the same as a graph' '15 14' "$(grep -c 'shape=box' picture) $(grep -c -- '-> n' picture)"
+awk 'BEGIN { for (i = 0; i < 300; ++i) printf "2026-01-01 10:%02d:%02d x\n", i / 60, i % 60 }' >many
+logwindow --svg --from '2026-01-01 10:01' --to '2026-01-01 10:01' many >picture
+[ "$(grep -c '<rect x\|<title' picture)" -le 40 ] || same 'a wide tree' 'folds away' "$(wc -l picture)"
+same 'and none is lost' 300 \
+    "$(sed -n 's/.*<\/title>.*>\([0-9]*\)<\/text>/\1/p; s/^<rect x.*/1/p' picture | awk '{ n += $1 } END { print n }')"
 same 'no tree' '' "$(logwindow --tree --from 2030 five)"
 finish
