@@ -1,30 +1,51 @@
 // Reads its input as a sequence of operations on one tree and holds each against a sequence of nodes in tree order.
+#include "support/memory.hpp"
 #include "support/ranges.hpp"
+#include "typed/typed.hpp"
 
 #include <cstdint>
 #include <cstdlib>
 
-using namespace ovant::c;
 using namespace ovant::test;
 
 namespace {
 
 using Nodes = std::vector<Node>;
 
+struct Tally { // told at the end of the process
+    unsigned long operations = 0;
+    ~Tally() { std::fprintf(stderr, "operations: %lu done\n", operations); }
+} tally;
+const char *at_work = "nothing"; // the operation in progress
+
 void require(bool holds, const char *what) {
     if (holds && !::testing::Test::HasFailure())
         return;
-    std::fprintf(stderr, "operations: %s\n", what);
+    std::fprintf(stderr, "operations: %s: %s\n", at_work, holds ? "see above" : what);
     std::abort();
 }
 
 struct Machine {
+    explicit Machine(AVL_CmpFunc cmp) : host(cmp) {}
     Host host;
     AVL_Tree *tree = host.tree;
     Nodes order;            // what the tree should hold
-    int key = 0, other = 0; // the bounds of this step
+    int key = 0, other = 0; // the bounds of this step, upward in tree order
 
     Node at(std::size_t position) const { return position < order.size() ? order[position] : nullptr; }
+    // The tree gets a stack of the host's that is just as high: the address sanitizer sees what is written above it.
+    void hold(const Nodes &expected) {
+        const Checked checked = check(tree);
+        require(checked.order == expected, "the tree holds other nodes");
+        require(memory.requests == requests, "took memory");
+        order = expected;
+        stack(static_cast<signed char>(checked.height));
+    }
+    void stack(signed char depth) {
+        tree->Stack = realloc_Stack_Deepth(tree->Stack, depth);
+        requests = memory.requests;
+    }
+    int requests = memory.requests;
     // A node was handed out.  That it left, and no other, shows where the tree is held against the order.
     void lose(Node node, Node result) {
         require(result == node, "another node came out");
@@ -33,71 +54,139 @@ struct Machine {
 };
 
 // Several keys a step, evenly spaced: else no tree would get tall.
-void insert(Machine &m, Node (*operation)(AVL_Tree *, const void *, void *), bool always) {
-    for (int i = 0; i <= m.other / 16; i++, m.key = (m.key + m.other % 16) & 255) {
+template <auto Operation, bool Always> void insert(Machine &m) {
+    for (int i = 0; i <= m.other / 16; i++, m.key = (m.key + m.other % 16) & 255, tally.operations++) {
         const auto run = run_of(m.order, m.key);
-        const bool grows = always || run.front == run.back;
-        const Node node = m.host.record(m.key), result = operation(m.tree, &m.key, node);
-        require((result == node) == grows, "an insertion took the wrong branch");
+        const bool grows = Always || run.front == run.back;
+        const int sought = sense * m.key;
+        const Node node = m.host.record(m.key), result = Operation(m.tree, &sought, node);
+        require((result == node) == grows, "took the wrong branch");
         const Nodes now = check(m.tree).order; // the node somewhere in its equal run, with the others as before
         Nodes others = now;
-        require(std::erase(others, node) == grows && others == m.order, "an insertion moved other nodes");
-        m.order = now;
+        require(std::erase(others, node) == grows && others == m.order, "moved other nodes");
+        require(Operation != AVL_InsertStabil || now[run.back] == node, "not behind its equals");
+        m.hold(now);
     }
 }
 
-void remove(Machine &m, Entry *pfad, bool with_free) {
+template <auto Make, bool WithFree> void remove(Machine &m) {
+    const int sought = sense * m.key;
+    Entry *const pfad = Make(m.tree, &sought);
     const Node node = pfad->Node;
-    if (with_free)
-        AVL_DelPfad(m.tree, pfad, &m.key, nullptr);
-    m.lose(node, with_free ? node : AVL_GetPfad(m.tree, pfad));
+    if (WithFree)
+        AVL_DelPfad(m.tree, pfad, &sought, nullptr);
+    m.lose(node, WithFree ? node : AVL_GetPfad(m.tree, pfad));
+}
+void remove_first(Machine &m) { m.lose(m.at(0), AVL_GetMin(m.tree)); }
+void remove_last(Machine &m) { m.lose(m.at(m.order.size() - 1), AVL_GetMax(m.tree)); }
+
+void look(Machine &m) {
+    const auto run = run_of(m.order, m.key);
+    const int sought = sense * m.key;
+    require(AVL_SearchLess(m.tree, &sought) == m.at(run.front - 1), "less");
+    require(AVL_SearchGreaterEqual(m.tree, &sought) == m.at(run.front), "greater or equal");
+    require(AVL_SearchLessEqual(m.tree, &sought) == m.at(run.back - 1), "less or equal");
+    require(AVL_SearchGreater(m.tree, &sought) == m.at(run.back), "greater");
+    const bool present = run.front != run.back;
+    require(AVL_MakeFirstKey(m.tree, &sought)->Node == (present ? m.at(run.front) : nullptr), "first of the run");
+    require(AVL_MakeLastKey(m.tree, &sought)->Node == (present ? m.at(run.back - 1) : nullptr), "last of the run");
 }
 
 void range(Machine &m, const RangeOp &op, bool extract) {
-    const int second = op.bounds == 1 ? m.key : m.other;
-    const Parted parted = part(m.order, op, m.key, second);
+    const int first = sense * m.key, last = op.bounds == 1 ? m.key : m.other, second = sense * last;
+    const Parted parted = part(m.order, op, m.key, last);
     if (extract && op.get) {
-        const Node root = op.get(m.tree, &m.key, &second, nullptr);
-        require(check(m.tree, root).order == parted.goes, "another range came out");
-        if (op.first == At::start || op.second == At::end) { // back to where it was
-            (op.first == At::start ? AVL_ConcatGreater : AVL_ConcatLess)(m.tree, root);
-            return;
-        }
+        require(check(m.tree, op.get(m.tree, &first, &second, nullptr)).order == parted.goes, "another range came out");
     } else {
-        op.del(m.tree, &m.key, &second, nullptr);
+        op.del(m.tree, &first, &second, nullptr);
         require(seen.killed().size() == parted.goes.size(), "other nodes went to Kill");
     }
     m.order = parted.stays;
 }
 
-void step(Machine &m, std::size_t operation, bool variant) {
-    // clang-format off
-    switch (operation) {
-    case 0: return insert(m, variant ? AVL_Insert : AVL_InsertStabil, true);
-    case 1: return insert(m, variant ? AVL_InsertUnique : AVL_InsertSearchKey, false);
-    case 2: return insert(m, AVL_InsertKey, false);
-    case 3: return remove(m, AVL_MakeKey(m.tree, &m.key), variant);
-    case 4: return remove(m, AVL_MakeFirstKey(m.tree, &m.key), variant);
-    case 5: return m.lose(m.at(0), AVL_GetMin(m.tree));
-    case 6: return m.lose(m.at(m.order.size() - 1), AVL_GetMax(m.tree));
-    default: return range(m, range_ops[operation - 7], variant);
+// Taken apart at both bounds and joined again, from the left or from the right.
+template <bool FromLeft> void join(Machine &m) {
+    const auto [low, high] = std::minmax(m.key, m.other);
+    const int first = sense * low, second = sense * high;
+    std::vector<Node> parts = {AVL_GetLess(m.tree, &first), AVL_GetEqualLess(m.tree, &second), AVL_GetTree(m.tree)};
+    m.stack(40); // which of them joins a higher one is not known here
+    if (!FromLeft)
+        std::reverse(parts.begin(), parts.end());
+    for (Node root : parts)
+        (FromLeft ? AVL_ConcatLess : AVL_ConcatGreater)(m.tree, root);
+}
+
+// The other face takes the tree over and gives it back.
+struct InOrder {
+    auto operator()(int a, int b) const { return sense * a <=> sense * b; }
+};
+template <bool Inserts> void typed_step(Machine &m) {
+    ovant::multiset<&Typed::link, &Typed::key, InOrder> tree;
+    tree.adopt(static_cast<Typed *>(AVL_GetTree(m.tree)));
+    const auto [low, high] = std::minmax(m.key, m.other);
+    require(nodes_of(tree) == m.order, "another walk");
+    if (Inserts) {
+        const Node node = m.host.record(low);
+        m.order.insert(m.order.begin() + static_cast<std::ptrdiff_t>(run_of(m.order, low).back), node);
+        tree.insert(typed(node));
+    } else {
+        auto out = tree.extract(ovant::before(sense * low), ovant::after(sense * high));
+        require(nodes_of(out) == part(m.order, range_ops[4], low, high).goes, "another range came out");
+        if (low % 2)
+            tree.merge(out);
+        else
+            m.order = part(m.order, range_ops[4], low, high).stays;
+        out.clear();
     }
-    // clang-format on
+    m.tree->Root = tree.release();
+}
+
+constexpr struct {
+    const char *name;
+    void (*run)(Machine &m);
+} growing[] = {{"AVL_Insert", insert<AVL_Insert, true>},
+               {"AVL_InsertStabil", insert<AVL_InsertStabil, true>},
+               {"AVL_InsertUnique", insert<AVL_InsertUnique, false>},
+               {"AVL_InsertSearchKey", insert<AVL_InsertSearchKey, false>},
+               {"AVL_InsertKey", insert<AVL_InsertKey, false>},
+               {"typed insert", typed_step<true>}},
+  others[] = {{"AVL_GetPfad", remove<AVL_MakeKey, false>},
+              {"AVL_DelPfad", remove<AVL_MakeKey, true>},
+              {"AVL_GetPfad of the first", remove<AVL_MakeFirstKey, false>},
+              {"AVL_DelPfad of the last", remove<AVL_MakeLastKey, true>},
+              {"AVL_GetMin", remove_first},
+              {"AVL_GetMax", remove_last},
+              {"searches", look},
+              {"AVL_ConcatLess", join<true>},
+              {"AVL_ConcatGreater", join<false>},
+              {"typed extract", typed_step<false>}};
+
+void step(Machine &m, std::size_t code, bool variant) {
+    const std::size_t grows = std::size(growing), fixed = std::size(others);
+    if (code < 96) {
+        at_work = growing[code % grows].name;
+        growing[code % grows].run(m);
+    } else if (const std::size_t operation = (code - 96) % (fixed + std::size(range_ops)); operation < fixed) {
+        at_work = others[operation].name;
+        others[operation].run(m);
+    } else {
+        at_work = range_ops[operation - fixed].name;
+        range(m, range_ops[operation - fixed], variant);
+    }
 }
 
 } // namespace
 
-// Three bytes a step: the operation (growth four times out of five), and two bounds out of few enough keys to make
-// equal runs.
+// A byte for the comparator, then three a step: the operation (growth three times out of four), and two bounds out of
+// few enough keys to make equal runs.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
-    Machine m;
-    for (std::size_t i = 0; i + 3 <= size && i < 3000; i += 3) {
-        const std::size_t code = data[i] & 127U;
+    Machine m(orders[size ? data[0] % std::size(orders) : 0]);
+    for (std::size_t i = 1; i + 3 <= size && i < 3000; i += 3, tally.operations++) {
         m.key = data[i + 1];
         m.other = data[i + 2];
         seen.calls.clear();
-        step(m, code < 104 ? code % 3 : (code - 104) % (7 + std::size(range_ops)), data[i] & 128U);
-        expect_tree(m.tree, m.order);
+        step(m, data[i] & 127U, data[i] & 128U);
+        m.hold(m.order);
         require(seen.reports.empty(), "a report about a sound tree");
     }
     return 0;

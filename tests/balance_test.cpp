@@ -41,55 +41,33 @@ TEST(DeepBalance, JoinsAllPairsOfSmallSubtrees) {
         }
 }
 
-constexpr Keys equal_keys = {1, 0, 0}; // a scion fits anywhere
-
-// Puts another subtree where a path leads, from the position begin in tree order on, and lets AVL_FixPfad carry the
-// change of height up.
-void graft(Host &host, const Sapling &stock, const std::vector<Entry> &path, std::size_t begin, const Sapling &scion) {
-    stock.restore();
-    Entry *const bottom = host.tree->Stack, *const top = bottom + path.size() - 1;
-    std::copy(path.begin(), path.end(), bottom);
-    const Checked old = check(host.tree, top->Node);
-    std::vector<Node> expected = stock.order;
-    const auto place = expected.begin() + static_cast<std::ptrdiff_t>(begin);
-    expected.insert(expected.erase(place, place + static_cast<std::ptrdiff_t>(old.order.size())), scion.order.begin(),
-                    scion.order.end());
-    top->Node = scion.root;
-    const Change change = AVL_FixPfad(host.tree, bottom, top, scion.height - old.height);
-    const Checked now = check(host.tree, bottom->Node);
-    EXPECT_TRUE(now.order == expected);
-    EXPECT_EQ(now.height, stock.height + change);
-}
-
-// Every change at every position on the uppermost levels below the end of the path, down to the empty links.
-void graft_below(Host &host, const Sapling &stock, std::vector<Entry> path, std::size_t begin, std::size_t levels,
-                 std::mt19937 &random) {
-    const Node node = path.back().Node;
-    const int old = check(host.tree, node).height;
-    for (int height = 0; height <= old + 1 && !::testing::Test::HasFailure(); height++)
-        graft(host, stock, path, begin, Sapling(host, random_shape(height, random), equal_keys));
-    stock.restore();
-    if (!node || path.size() == levels)
-        return;
-    path.back().Dir = DIR_LEFT;
-    path.push_back({link_of(node).Left, DIR_HERE});
-    graft_below(host, stock, path, begin, levels, random);
-    begin += 1 + inorder(link_of(node).Left).size();
-    path[path.size() - 2].Dir = DIR_RIGHT;
-    path.back().Node = link_of(node).Right;
-    graft_below(host, stock, path, begin, levels, random);
-}
-
+// Another subtree at the end of every path, up to one level higher; equal keys fit anywhere.
 TEST(FixPfad, CarriesEveryChangeFromEveryPosition) {
     std::mt19937 random(3);
-    const auto graft_all = [&](const Shape &shape, std::size_t levels) {
+    for_all_shapes(4, 1, [&](const Shape &shape, Keys keys) {
         Host host;
-        const Sapling stock(host, shape, equal_keys);
-        graft_below(host, stock, {{stock.root, DIR_HERE}}, 0, levels, random);
-    };
-    for_all_shapes(4, 1, [&](const Shape &shape, Keys) { graft_all(shape, 5); });
-    for (int round = 0; round < 12; round++)
-        graft_all(round < 2 ? leaning_shape(14, round * 2 - 1) : random_shape(9 + round % 4, random), 4);
+        const Sapling stock(host, shape, keys);
+        for (int key = 5, old = 0; key <= keys.at(stock.order.size()); key += 5)
+            for (int height = 0; height <= old + 1; height++) {
+                host.tree->Root = stock.restore();
+                Entry *const top = AVL_MakeKey(host.tree, &key);
+                const Checked gone = check(host.tree, top->Node);
+                const Sapling scion(host, random_shape(height, random), {1, key, 0});
+                std::vector<Node> expected = stock.order;
+                const auto place = gone.order.empty()
+                                       ? expected.begin() + static_cast<std::ptrdiff_t>(run_of(expected, key).front)
+                                       : std::find(expected.begin(), expected.end(), gone.order[0]);
+                const auto rest = expected.erase(place, place + static_cast<std::ptrdiff_t>(gone.order.size()));
+                expected.insert(rest, scion.order.begin(), scion.order.end());
+
+                top->Node = scion.root;
+                const Change change = AVL_FixPfad(host.tree, host.tree->Stack, top, height - gone.height);
+                const Checked now = check(host.tree, host.tree->Stack->Node);
+                EXPECT_TRUE(now.order == expected);
+                EXPECT_EQ(now.height, shape.height + change);
+                old = gone.height;
+            }
+    });
 }
 
 } // namespace

@@ -27,6 +27,14 @@ same ovant.map "$(sed -n '/global:/,/local:/p' "$source/c/ovant.map" | grep -oE 
 # shellcheck disable=SC2016
 same docs/where.md "$(sed -nE 's/^\| *`([A-Za-z_0-9]+)` *\|.*/\1/p' "$source/docs/where.md" | sort)"
 
+if [[ $library == *.dll ]]; then # OBJDUMP stands in the place of NM
+    table=$("$nm" -p "$library")
+    same "the built library" "$(sed -nE 's/^\t\[ *[0-9]+\] (\+base\[ *[0-9]+\] *[0-9a-f]+ )?([A-Za-z_]\w*)$/\2/p' <<<"$table" | sort)"
+    needed=$(sed -n 's/.*DLL Name: //p' <<<"$table" | grep -viE '^(kernel32|user32|msvcrt)\.dll$' || true)
+    [ -z "$needed" ] || fail "the library needs $needed"
+    exit $failed
+fi
+
 same "the built library" "$("$nm" -D --defined-only "$library" | awk '{ print $3 }' |
     sed -E "/^$node(@@$node)?\$/d; s/@@$node\$//; t; s/\$/ outside $node/" | sort)"
 

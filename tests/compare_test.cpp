@@ -16,10 +16,12 @@ template <class Key> void expect_order(AVL_CmpFunc cmp, const std::vector<Key> &
     Host host(cmp);
     std::vector<Node> nodes, built;
     const auto sought = [=](Node node) -> const void * {
-        return by_value ? reinterpret_cast<const void *>(std::uintptr_t{key_of<std::uint32_t>(node)}) : key_in(node);
+        return by_value
+                   ? reinterpret_cast<const void *>(std::uintptr_t{load<std::uint32_t>(node, ovant::test::key_off)})
+                   : key_in(node);
     };
     for (const Key &key : keys) {
-        nodes.push_back(host.record(key));
+        nodes.push_back(host.record_of(key));
         AVL_InsertUnique(host.tree, sought(nodes.back()), nodes.back());
     }
     check_below(host.tree->Root, built, 0);
@@ -55,7 +57,7 @@ template <class Float> void expect_float_order(AVL_CmpFunc cmp) {
     for (const Float &other : {one, -limits::infinity(), nan})
         EXPECT_TRUE(cmp(&nan, &other) == DIR_RIGHT && cmp(&other, &nan) == DIR_RIGHT);
     Host host(cmp); // and so in a descent that computes the order in place
-    AVL_Insert(host.tree, &one, host.record(one));
+    AVL_Insert(host.tree, &one, host.record_of(one));
     EXPECT_EQ(AVL_SearchGreaterEqual(host.tree, &nan), nullptr);
 }
 TEST(Compare, FloatingPointWithNothingBesideNaN) {

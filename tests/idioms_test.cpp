@@ -125,6 +125,7 @@ TEST(Idioms, TypedWrappersAreTheOperationsTheyName) {
     EXPECT_TRUE(jobs_lower_bound(tree, &spare.prio) == &job[1] && jobs_upper_bound(tree, &spare.prio) == &job[4]);
     EXPECT_TRUE(jobs_first(tree) == &job[0] && jobs_last(tree) == &job[4] && jobs_at(AVL_MakeMax(tree)) == &job[4]);
     Job *const found = jobs_find(tree, &spare.prio);
+    EXPECT_EQ(jobs_link(found), &found->link);
     EXPECT_TRUE(jobs_insert_unique(tree, &spare) == found && jobs_replace(tree, &spare) == found);
     EXPECT_TRUE(!jobs_remove(tree, found) && jobs_remove(tree, &spare) == &spare);
     EXPECT_TRUE(jobs_take_first(tree) == &job[0] && jobs_take_last(tree) == &job[4]);

@@ -2,31 +2,14 @@
 #include "frame/keyed_handlers.hpp"
 #include "frame/nodes.hpp"
 
-#include <gtest/gtest.h>
+#include "support/memory.hpp"
 
 #include <cstring>
 #include <string>
 
-// This program is linked with --wrap=malloc and --wrap=free: the library's blocks are counted, sized to the byte, and
-// full of rubbish when they come.
-static std::size_t block_size;
-static int blocks;
-extern "C" {
-void *__real_malloc(std::size_t size);
-void __real_free(void *block);
-void *__wrap_malloc(std::size_t size) {
-    block_size = size;
-    ++blocks;
-    return std::memset(__real_malloc(size), 0xAB, size);
-}
-void __wrap_free(void *block) {
-    blocks -= block != nullptr;
-    __real_free(block);
-}
-}
-
 namespace ovant {
-using namespace ovant::c;
+using namespace c;
+using test::memory;
 
 namespace {
 
@@ -48,16 +31,17 @@ TEST(Keyed, BlocksHoldJustTheirFields) {
     char keys[] = "?pear\0ma"; // at an odd address or an even one: the other is what the node gets
     for (const auto &form : forms) {
         SCOPED_TRACE(&form - forms);
-        const int before = blocks;
+        const int before = memory.blocks;
         char *key = keys + 1;
-        const Node node = form.string ? form.funcs.Malloc(nullptr, key) : form.funcs.Malloc(key, nullptr);
+        const Node node = test::refused_until_made(
+            [&] { return form.string ? form.funcs.Malloc(nullptr, key) : form.funcs.Malloc(key, nullptr); });
         EXPECT_EQ(form.key_off, wide ? form.wide_off : form.narrow_off);
-        EXPECT_EQ(block_size, wide ? form.wide_size : form.narrow_size);
+        EXPECT_EQ(memory.size, wide ? form.wide_size : form.narrow_size);
         const auto link = load<AVL_Link>(node);
         EXPECT_TRUE(!link.Left && !link.Right && link.Balance == 0);
         EXPECT_TRUE(!form.counted || load<uint32_t>(node, count_off) == 1);
         const std::size_t tail = form.counted && form.string ? 3 : 0;
-        EXPECT_EQ(std::memcmp(static_cast<char *>(node) + form.key_off, key, block_size - tail - form.key_off), 0);
+        EXPECT_EQ(std::memcmp(static_cast<char *>(node) + form.key_off, key, memory.size - tail - form.key_off), 0);
         EXPECT_EQ(form.funcs.Realloc(node, key, key), node);
         EXPECT_TRUE(!form.counted || form.funcs.Free(node, key, key) == node);
         EXPECT_EQ(form.funcs.Free(node, key, key), nullptr);
@@ -69,13 +53,13 @@ TEST(Keyed, BlocksHoldJustTheirFields) {
             EXPECT_EQ(static_cast<const char *>(longest) + form.key_off, text);
             form.funcs.Kill(longest, nullptr);
         }
-        EXPECT_EQ(blocks, before);
+        EXPECT_EQ(memory.blocks, before);
     }
 }
 
 TEST(Keyed, ANodeLivesUntilItsLastKeyGoes) {
     AVL_Tree *tree = AVL_Konstruktor(0, &AVL_NodeFuncsCountKey4, count_key_off, AVL_CMP_SignedLong, nullptr);
-    const int without_nodes = blocks;
+    const int without_nodes = memory.blocks;
     const int32_t key = 5, other = 3;
     const Node node = AVL_InsertKey(tree, &key, nullptr);
     AVL_InsertKey(tree, &other, nullptr);
@@ -89,10 +73,10 @@ TEST(Keyed, ANodeLivesUntilItsLastKeyGoes) {
     AVL_DelPfad(tree, AVL_MakeKey(tree, &key), &key, nullptr);
     EXPECT_TRUE(AVL_SearchKey(tree, &key) == node && load<uint32_t>(node, count_off) == 1);
     AVL_DelPfad(tree, AVL_MakeKey(tree, &key), &key, nullptr);
-    EXPECT_TRUE(AVL_SearchKey(tree, &key) == nullptr && blocks == without_nodes + 1);
+    EXPECT_TRUE(AVL_SearchKey(tree, &key) == nullptr && memory.blocks == without_nodes + 1);
     AVL_InsertKey(tree, &other, nullptr);
     AVL_DelTree(tree, nullptr); // whatever the counts
-    EXPECT_EQ(blocks, without_nodes);
+    EXPECT_EQ(memory.blocks, without_nodes);
     AVL_Destruktor(tree);
 }
 

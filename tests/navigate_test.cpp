@@ -14,7 +14,8 @@ struct World {
     AVL_Tree *const tree = host.tree;
     const int height;
 
-    World(const Shape &shape, Keys keys) : order(plant(host, shape, keys)), height(shape.height) {}
+    World(const Shape &shape, Keys keys)
+        : host(orders[keys.run - 1]), order(plant(host, shape, keys)), height(shape.height) {}
 
     Node at(std::size_t position) const { return position < order.size() ? order[position] : nullptr; }
     Node before(std::size_t position) const { return at(position - 1); } // position 0 wraps round to no node
@@ -45,6 +46,7 @@ struct World {
 
 void expect_key_answers(const World &world, int key) {
     AVL_Tree *const tree = world.tree;
+    const int sought = sense * key;
     const EqualRun run = run_of(world.order, key);
     const bool present = run.front != run.back;
     const auto if_present = [=](Node node) { return present ? node : nullptr; };
@@ -72,7 +74,7 @@ void expect_key_answers(const World &world, int key) {
     for (const auto &row : rows) {
         SCOPED_TRACE(::testing::Message() << "key " << key << ", question " << &row - rows);
         if (row.make) {
-            const Entry *top = row.make(tree, &key);
+            const Entry *top = row.make(tree, &sought);
             if (row.node)
                 world.expect_path(top, row.node);
             else if (row.opens)
@@ -83,7 +85,7 @@ void expect_key_answers(const World &world, int key) {
         if (row.search) {
             StackGuard guard(tree, -1); // a search writes no entry, so a held Pfad stays good
             seen.comparisons = 0;
-            EXPECT_EQ(row.search(tree, &key), row.node);
+            EXPECT_EQ(row.search(tree, &sought), row.node);
             EXPECT_LE(seen.comparisons, world.height) << "one comparison per level";
         }
     }
@@ -179,13 +181,21 @@ TEST(Navigate, WalksOnAllSmallShapes) {
 TEST(Navigate, StepsSteerByHand) {
     World world(full_shape(3), {});
     AVL_Tree *tree = world.tree;
-    Entry *position = AVL_WalkRight(tree, AVL_WalkRight(tree, AVL_WalkLeft(tree, AVL_MakeRoot(tree))));
-    world.expect_open(position, 3);
+    Entry *position = AVL_MakeRoot(tree);
+    for (const auto &[step, key] : {std::pair(&AVL_WalkLeft, 20), {&AVL_WalkRight, 30}}) {
+        position->Dir = DIR_NEW;
+        world.expect_path(position = step(tree, position), AVL_SearchKey(tree, &key));
+    }
+    world.expect_open(position = AVL_WalkRight(tree, position), 3);
     EXPECT_TRUE(position->Dir == DIR_HERE && !AVL_WalkLeft(tree, position) && !AVL_WalkRight(tree, position));
     position = AVL_WalkUp(tree, position);
     world.expect_path(position, world.at(2));
     EXPECT_EQ(AVL_WalkUp(tree, AVL_WalkUp(tree, position)), tree->Stack);
     EXPECT_TRUE(AVL_WalkUp(tree, tree->Stack) == tree->Stack && !tree->Stack->Node && tree->Root);
+
+    position = AVL_MakeMin(tree);
+    tree->Stack[1].Dir = DIR_HERE; // no side: a step in tree order passes it on its way up
+    EXPECT_EQ(AVL_WalkSuccInorder(tree, position)->Node, world.at(3));
 }
 
 } // namespace

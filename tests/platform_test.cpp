@@ -1,32 +1,43 @@
 // What the process itself meets: texts for codes, the default handler on real descriptors, and strings by locale.
 #include "ovant.h"
+#include "platform/platform.hpp"
 #include "platform/runtime.hpp"
-
-#include <gtest/gtest.h>
+#include "support/memory.hpp"
 
 #include <climits>
 #include <clocale>
 #include <csignal>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <pty.h>
+#include <sched.h>
 #include <string>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/wait.h>
+#include <tuple>
 #include <unistd.h>
+
+using namespace ovant::test;
 
 namespace {
 
 TEST(CodeText, NumbersBelowTheLimitInABlockOfTheirOwn) {
-    const auto expect_text = [](char *block, const char *expected) {
-        EXPECT_STREQ(block, expected);
-        std::free(block);
+    const std::tuple<char *(*)(int), int, const char *> rows[] = {
+        {Error_GetErrorText, 93, "Error Code (093)"},
+        {Error_GetErrorText, 94, "Error Code (000)"},
+        {Error_GetFuncText, 177, "Function Code (177)"},
+        {Error_GetFuncText, 178, "Function Code (000)"},
+        {Error_GetFuncText, INT_MIN, "Function Code (-2147483648)"},
     };
-    expect_text(Error_GetErrorText(93), "Error Code (093)");
-    expect_text(Error_GetErrorText(94), "Error Code (000)");
-    expect_text(Error_GetFuncText(178), "Function Code (000)");
-    expect_text(Error_GetFuncText(INT_MIN), "Function Code (-2147483648)");
+    for (const auto &[text_of, code, expected] : rows) {
+        char *const block = refused_until_made([f = text_of, c = code] { return f(c); });
+        EXPECT_STREQ(block, expected);
+        EXPECT_EQ(memory.size, std::strlen(expected) + 1);
+        std::free(block);
+    }
 }
 
 int ended_by(pid_t child) {
@@ -65,13 +76,50 @@ template <class Run> Outcome run_apart(const char *typed, Run run) {
     char bytes[512];
     for (ssize_t count; (count = read(ends[0], bytes, sizeof bytes)) > 0;) {
         outcome.text.append(bytes, static_cast<std::size_t>(count));
-        if (typed && outcome.text.ends_with("[R]etry / [C]ancel? ") && write(ends[0], typed, std::strlen(typed)) > 0)
+        if (typed && outcome.text.ends_with("[R]etry / [C]ancel? ")) {
+            usleep(20000); // a person takes time
+            if (write(ends[0], typed, std::strlen(typed)) <= 0)
+                break; // nothing to type: hangs up
             typed = nullptr;
+        }
     }
-    outcome.signal = ended_by(child);
     close(ends[0]);
+    outcome.signal = ended_by(child);
     return outcome;
 }
+
+// What a host may have done to the process before a report comes.
+void interrupt_often() {
+    struct sigaction on_alarm = {};
+    on_alarm.sa_handler = [](int) {
+        if (static int times; ++times > 2000)
+            _exit(0);
+    };
+    sigaction(SIGALRM, &on_alarm, nullptr);
+    const itimerval often = {{0, 4000}, {0, 4000}};
+    setitimer(ITIMER_REAL, &often, nullptr);
+}
+template <int Descriptor> void use_pipe() {
+    int ends[2];
+    if (pipe(ends) == 0)
+        dup2(ends[Descriptor != STDIN_FILENO], Descriptor);
+}
+void use_full_pipe() {
+    use_pipe<STDERR_FILENO>();
+    fcntl(STDERR_FILENO, F_SETFL, O_NONBLOCK);
+    while (write(STDERR_FILENO, "full", 4) > 0) {
+    }
+    fcntl(STDERR_FILENO, F_SETFL, 0);
+    interrupt_often();
+}
+void use_closed_pipe() {
+    int ends[2];
+    if (pipe(ends) == 0 && dup2(ends[1], STDERR_FILENO) >= 0)
+        close(ends[0]);
+}
+
+void use_full_device() { dup2(open("/dev/full", O_WRONLY), STDERR_FILENO); }
+void ignore_hangup() { std::signal(SIGHUP, SIG_IGN); }
 
 TEST(DefaultHandler, WithoutATerminalItTellsAndTraps) {
     const Outcome outcome = run_apart(nullptr, [] { Gen_SysError(114, 32); });
@@ -79,17 +127,61 @@ TEST(DefaultHandler, WithoutATerminalItTellsAndTraps) {
     EXPECT_TRUE(outcome.text.starts_with("Win32 MM-Error at Runtime "));
     EXPECT_TRUE(outcome.has("\nError 32\ndecteted in Function 114\nWorking Mode: Multi-Tree without Lockmanager\n"));
     EXPECT_FALSE(outcome.has("[R]etry") || outcome.has("\a"));
+    for (const auto arrange : {use_closed_pipe, use_full_device, use_full_pipe}) {
+#ifdef OVANT_EMULATED
+        if (arrange == use_full_pipe)
+            continue; // an emulator does not come back from there
+#endif
+        EXPECT_EQ(run_apart(nullptr, [=] { arrange(), Gen_SysError(114, 32); }).signal, SIGTRAP);
+    }
 }
 
 TEST(DefaultHandler, AtATerminalThePersonDecides) {
-    const auto report = [] { Gen_SysError(114, 32); };
-    const Outcome outcome = run_apart("r\n", report);
-    if (outcome.signal < 0)
-        GTEST_SKIP() << "no pseudo-terminals here";
-    EXPECT_EQ(outcome.signal, 0) << outcome.text;
-    EXPECT_TRUE(outcome.has("\a") && outcome.has("Error 32\r\n"));
-    for (const char *typed : {"c\n", "\n", "\004"})
-        EXPECT_EQ(run_apart(typed, report).signal, SIGTRAP) << typed;
+    const struct {
+        const char *typed;
+        void (*arrange)();
+        int signal;
+        bool asked;
+    } rows[] = {{"r\n", [] {}, 0, true},
+                {"R\n", interrupt_often, 0, true},
+                {"c\n", [] {}, SIGTRAP, true},
+                {"\n", [] {}, SIGTRAP, true},
+                {"\004", [] {}, SIGTRAP, true},
+                {"r\n", use_pipe<0>, SIGTRAP, false},
+                {"r\n", use_pipe<2>, SIGTRAP, false},
+                {"", ignore_hangup, SIGTRAP, true}};
+    for (const auto &[typed, arrange, signal, asked] : rows) {
+        SCOPED_TRACE(&typed - &rows->typed);
+        const Outcome outcome = run_apart(typed, [prepare = arrange] { prepare(), Gen_SysError(114, 32); });
+        if (outcome.signal < 0)
+            GTEST_SKIP() << "no pseudo-terminals here";
+        EXPECT_EQ(outcome.signal, signal) << outcome.text;
+        EXPECT_TRUE(!asked || (outcome.has("\a") && outcome.has("Error 32\r\n")));
+        EXPECT_EQ(outcome.has("[R]etry"), asked);
+    }
+}
+
+TEST(ModuleName, IsToldWithoutProc) {
+    const Outcome outcome = run_apart(nullptr, [] {
+        char name[260];
+        std::memset(name, 'x', sizeof name);
+        if ((geteuid() != 0 && unshare(CLONE_NEWUSER) != 0) || chroot("/usr") != 0)
+            std::strcpy(name, "no");
+        else
+            ovant::c::platform::module_file_name(nullptr, name, sizeof name);
+        EXPECT_GT(write(STDERR_FILENO, name, strnlen(name, sizeof name)), 0);
+    });
+    if (outcome.text == "no")
+        GTEST_SKIP() << "nobody may change the root folder here";
+    EXPECT_TRUE(outcome.text.ends_with("ovant_tests")) << outcome.text;
+    char own[260];
+    std::memset(own, 'x', sizeof own);
+    ovant::c::platform::module_file_name(nullptr, own, sizeof own);
+    EXPECT_TRUE(std::string(own, strnlen(own, sizeof own)).ends_with("/ovant_tests"));
+    char name[] = "as it was";
+    ovant::c::platform::module_file_name(name, name, sizeof name); // which lies in no module
+    EXPECT_STREQ(name, "as it was");
+    ovant::c::platform::debug_output("nobody listens");
 }
 
 TEST(VirtualNull, ReportsAndNeverReturns) {

@@ -4,6 +4,10 @@
 #include "support/ranges.hpp"
 #include "support/shapes.hpp"
 
+#if !defined(_WIN32)
+#include <sys/mman.h>
+#endif
+
 namespace ovant::test {
 namespace {
 
@@ -45,9 +49,7 @@ struct KillOrder {
 
 // A tree that every call finds in its first shape.
 struct Plot {
-    // With equal keys the comparator is one that is computed in place.
-    Plot(const Shape &shape, Keys keys_ = {})
-        : host(keys_.run > 1 ? AVL_CMP_HandlePointer : smallest_first), keys(keys_), first(host, shape, keys_) {}
+    Plot(const Shape &shape, Keys keys_ = {}) : host(orders[keys_.run - 1]), keys(keys_), first(host, shape, keys_) {}
 
     AVL_Tree *fresh() {
         host.tree->Root = first.restore();
@@ -62,9 +64,13 @@ struct Plot {
     }
     void expect_untouched() { EXPECT_TRUE(host.tree->Root == first.root && first.untouched()); }
 
+    Node call(RangeCall operation, int a, int b) {
+        const int first_bound = sense * a, second_bound = sense * b;
+        return operation(host.tree, &first_bound, &second_bound, &context);
+    }
     void expect_get(const RangeOp &op, int a, int b, const Parted &parted) {
         AVL_Tree *tree = fresh();
-        const Node result = op.get(tree, &a, &b, nullptr);
+        const Node result = call(op.get, a, b);
         expect_sound(result, parted.goes);
         expect_sound(tree->Root, parted.stays);
         EXPECT_TRUE(seen.calls.empty() && seen.reports.empty());
@@ -80,7 +86,7 @@ struct Plot {
         KillOrder expected;
         if (op.outside) { // in two goes, the second on what the first has left
             expected.drop(false, tree->Root, parted.second);
-            (op.second == At::front ? AVL_DelEqualGreater : AVL_DelGreater)(tree, &b, &context);
+            call(op.second == At::front ? by<AVL_DelEqualGreater> : by<AVL_DelGreater>, b, b);
             expected.drop(true, tree->Root, parted.first);
             fresh();
         } else if (op.first == At::start || op.second == At::end) {
@@ -89,7 +95,7 @@ struct Plot {
         } else {
             expected.between(tree->Root, parted.first, parted.second);
         }
-        op.del(tree, &a, &b, &context);
+        call(op.del, a, b);
         expect_sound(tree->Root, parted.stays);
         if (parted.goes.empty())
             expect_untouched();
@@ -97,7 +103,7 @@ struct Plot {
         EXPECT_TRUE(expected.nodes.size() == parted.goes.size() && seen.reports.empty());
 
         fresh()->Funcs = AVL_GetNodeFuncPtrRetNULL(); // a Kill that does nothing: the same, without the visits
-        op.del(tree, &a, &b, &context);
+        call(op.del, a, b);
         expect_sound(tree->Root, parted.stays);
         tree->Funcs = &noting_handlers;
     }
@@ -138,23 +144,6 @@ TEST(Range, HoldsOnAllSmallTreesAndBounds) {
     });
 }
 
-TEST(Range, HoldsOnTallTrees) {
-    std::mt19937 random(2);
-    for (int round = 0; round < 24; round++) {
-        SCOPED_TRACE(round);
-        const int height = round < 2 ? 20 : 8 + round % 4;
-        const Shape shape = round < 12 ? leaning_shape(height, round % 2 * 2 - 1) : random_shape(height, random);
-        Plot plot(shape, {round % 5 == 4 ? 50 : round % 3 + 1});
-        const StackGuard guard(plot.host.tree, shape.height);
-        const auto bounds = static_cast<unsigned>(plot.keys.at(plot.first.order.size()) / 5 + 1);
-        for (int i = 0; i < (round < 2 ? 2 : 10) && !HasFailure(); i++) {
-            const int a = 5 * static_cast<int>(random() % bounds), b = 5 * static_cast<int>(random() % bounds);
-            plot.expect_all(a, b);
-            plot.expect_all(a, a);
-        }
-    }
-}
-
 TEST(Range, KillsAndJoinsAsDrawn) {
     const struct {
         RangeCall run;
@@ -180,27 +169,60 @@ TEST(Range, KillsAndJoinsAsDrawn) {
     }
 }
 
-TEST(Range, JoinsTreesOfAllHeights) {
-    Host nursery;
-    std::vector<Sapling> others = saplings(nursery, 4);
-    const auto expect_concat = [&](const Shape &shape) {
-        Plot plot(shape);
-        for (const Sapling &other : others)
-            for (bool less : {true, false}) {
-                AVL_Tree *tree = plot.fresh();
-                std::vector<Node> order = (less ? plot.first : other).order;
-                const std::vector<Node> &behind = (less ? other : plot.first).order;
-                order.insert(order.end(), behind.begin(), behind.end());
-                const StackGuard guard(tree, other.root ? shape.height + other.height : -1);
-                (less ? AVL_ConcatLess : AVL_ConcatGreater)(tree, other.restore());
-                plot.expect_sound(tree->Root, order);
-                EXPECT_TRUE(seen.calls.empty() && seen.comparisons == 0);
-            }
+TEST(Range, NothingIsReadWhereThereIsNothing) {
+    Host host(AVL_CMP_HandlePointer);
+    AVL_Tree *const tree = host.tree;
+    const auto expect_empty = [&](Entry *top, int dir) {
+        EXPECT_TRUE(top == tree->Stack && !top->Node && top->Dir == dir);
+        tree->Stack->Dir = 77;
     };
-    for_all_shapes(3, 1, [&](const Shape &shape, Keys) { expect_concat(shape); });
-    others.emplace_back(nursery, leaning_shape(16, 1));
-    for (int height = 0; height <= 14; height += 2)
-        expect_concat(leaning_shape(height, -1));
+    const void *const gone = nullptr;
+    tree->Stack->Dir = 77;
+    expect_empty(AVL_MakeKey(tree, gone), DIR_HERE);
+    expect_empty(AVL_MakeSuccKey(tree, gone), 77);
+    expect_empty(AVL_MakeLess(tree, gone), DIR_HERE);
+    expect_empty(AVL_MakeEqualLess(tree, gone), 77);
+    expect_empty(AVL_MakeBetweenEqualEqual(tree, gone, gone), 77);
+    expect_empty(AVL_MakeBetweenEqualLess(tree, gone, gone), 77);
+    expect_empty(AVL_MakeBetweenGreaterLess(tree, gone, gone), DIR_HERE);
+    EXPECT_FALSE(AVL_SearchKey(tree, gone) || AVL_InsertStabil(tree, gone, nullptr) || AVL_GetLess(tree, gone));
+}
+
+// A page of memory that ends the test where it is touched after its node has gone.
+struct Page {
+    void close(void *node) { // the node moves there first
+        std::memcpy(start, node, sizeof(Record));
+        mprotect(start, 4096, PROT_NONE);
+    }
+    ~Page() { munmap(start, 4096); }
+    void *const start = mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+};
+TEST(Range, WhatGoesUnvisitedIsNotRead) {
+    Host host;
+    const std::vector<Node> order = plant(host, full_shape(3)); // 40 over 20 (10, 30) and 60 (50, 70)
+    host.tree->Funcs = AVL_GetNodeFuncPtrRetNULL();
+    Page page;
+    set_link(order[3], page.start, link_of(order[3]).Right, 0);
+    page.close(order[1]);
+    const int key = 45;
+    AVL_DelLess(host.tree, &key, nullptr);
+    expect_tree(host.tree, {order[4], order[5], order[6]});
+    host.tree->Root = page.start;
+    AVL_DelTree(host.tree, nullptr);
+    EXPECT_EQ(host.tree->Root, nullptr);
+}
+TEST(Range, AKeyMayGoWithTheOnlyNode) {
+    constexpr AVL_NodeFuncs unmapping = {on_malloc, on_realloc, on_free,
+                                         [](Node node, void *page) { static_cast<Page *>(page)->close(node); }};
+    for (const RangeCall del : {by<AVL_DelBetweenKey>, by<AVL_DelBetweenEqualEqual>}) {
+        Host host(AVL_CMP_HandlePointer);
+        Page page;
+        host.tree->Funcs = &unmapping;
+        host.tree->Root = std::memcpy(page.start, host.record(7), sizeof(Record));
+        const auto *const key = reinterpret_cast<const int *>(static_cast<char *>(page.start) + key_off);
+        del(host.tree, key, key, &page);
+        EXPECT_EQ(host.tree->Root, nullptr);
+    }
 }
 
 // DIR_HERE on a boundary path is reported and counts as right, for DropAfter as left: in place of what it counts as, it

@@ -92,6 +92,28 @@ TEST(Removal, PutsTheNeighbourFromTheHigherSideInPlace) {
     EXPECT_EQ(without(leaning_shape(3, -1), 40), "20(10,30)");
 }
 
+// Such a node cannot be taken out: it is handed out and stays; where Free ends it, what hangs below goes along.
+TEST(Removal, OfADamagedBalanceLosesNothingButBelowAFreedNode) {
+    Host host;
+    const Sapling sapling(host, full_shape(3));
+    for (const Removal &removal : removals)
+        for (std::size_t i = 0; i < sapling.order.size() && removal.end == 0; i++)
+            for (const int wrong : {-128, -2, 2, 127}) {
+                host.tree->Root = sapling.restore();
+                const Node victim = sapling.order[i];
+                set_balance(victim, wrong);
+                const std::deque<Record> before = host.bytes();
+                const std::vector<Node> below = inorder(victim);
+                const int key = key_of(victim);
+                EXPECT_EQ(removal.run(host.tree, &key), removal.frees ? nullptr : victim);
+                std::vector<Node> rest = sapling.order;
+                for (Node gone : below)
+                    std::erase(rest, removal.frees ? gone : nullptr);
+                EXPECT_EQ(inorder(host.tree->Root), rest);
+                EXPECT_TRUE(removal.frees || host == before);
+            }
+}
+
 TEST(Removal, DoesNothingWithoutANode) {
     for_all_shapes(3, 1, [](const Shape &shape, Keys keys) {
         Host host;

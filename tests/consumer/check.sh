@@ -36,4 +36,13 @@ by_pkgconfig ovant-headers expiry.cpp c++ -std=c++20
 "$work/ovant-phonebook.c.program" >/dev/null
 [ "$(echo b a b | "$work/ovant-counting.cpp.program")" = $'2 b\n1 a' ]
 LD_LIBRARY_PATH='' "$work/ovant-headers-expiry.cpp.program" >/dev/null
+in_gdb() { # in_gdb COMMAND: in the program, once it has loaded the library
+    gdb -nx -batch -iex "add-auto-load-safe-path $prefix" -ex 'break main' -ex run -ex "$1" \
+        "$work/ovant-phonebook.c.program" 2>/dev/null
+}
+if [[ $(in_gdb 'print 6 * 7') == *'= 42' ]]; then
+    [[ $(in_gdb 'help ovant') == *'ovant draw'* ]]
+else
+    echo "-- no gdb that runs programs: its commands were not looked for"
+fi
 echo "-- all hosts build and run"

@@ -16,10 +16,11 @@ namespace ovant::test {
 
 using namespace c;
 
-// A record: 3 bytes, link header, 1 byte, key, id.  Header and key lie at odd offsets, and since the size is odd too,
-// records that follow each other lie at even and odd addresses in turn.  The id counts the records as they are made.
+// A record: 3 bytes, link header, 19 bytes (where some keep a summary), key, id.  Header and key lie at odd offsets,
+// and since the size is odd too, records that follow each other lie at even and odd addresses in turn.  The id counts
+// the records as they are made.
 constexpr std::size_t link_off = 3;
-constexpr std::size_t key_off = link_off + sizeof(AVL_Link) + 1;
+constexpr std::size_t key_off = link_off + sizeof(AVL_Link) + 19;
 constexpr std::size_t id_off = key_off + 8;
 struct Record {
     unsigned char bytes[id_off + sizeof(int)];
@@ -27,7 +28,9 @@ struct Record {
 };
 static_assert(key_off % 2 == 1 && sizeof(Record) % 2 == 1);
 
-template <class Key = int> Key key_of(const void *node) { return load<Key>(node, key_off); }
+// A test counts keys upward in tree order, under any comparator: -1 while the one in use puts the largest first.
+inline int sense = 1;
+inline int key_of(const void *node) { return sense * load<int>(node, key_off); }
 inline int id_of(const void *node) { return load<int>(node, id_off); }
 inline AVL_Link link_of(const void *node) { return load<AVL_Link>(node, link_off); }
 inline void set_link(Node node, Node left, Node right, int balance) {
@@ -64,7 +67,7 @@ inline Seen seen;
 inline int smallest_first(const void *node_key, const void *key) {
     seen.comparisons++;
     const int in_node = load<int>(node_key), sought = load<int>(key);
-    return (in_node < sought) - (in_node > sought);
+    return 7 * ((in_node < sought) - (in_node > sought)); // only the sign is read
 }
 inline int note_report(int function, int error) {
     seen.reports.emplace_back(function, error);
@@ -90,18 +93,23 @@ inline Node on_free(Node n, const void *key, void *context) { return note({Handl
 inline void on_kill(Node n, void *context) { note({Handler::kill, n, nullptr, context}, nullptr); }
 inline constexpr AVL_NodeFuncs noting_handlers = {on_malloc, on_realloc, on_free, on_kill};
 
+// The orders that the keys of the tests can be in: called, and computed in place.
+inline constexpr AVL_CmpFunc orders[] = {smallest_first, AVL_CMP_HandlePointer, AVL_CMP_SignedLong};
+
 class Host {
 public:
     explicit Host(AVL_CmpFunc cmp = smallest_first)
         : tree(AVL_Konstruktor(link_off, &noting_handlers, key_off, cmp, note_report)) {
         seen = {};
+        sense = cmp == AVL_CMP_SignedLong ? -1 : 1;
     }
     ~Host() { AVL_Destruktor(tree); }
     Host(const Host &) = delete;
     Host &operator=(const Host &) = delete;
 
     // A record ready to go into a tree: the key, and a cleared header.
-    template <class Key = int> Node record(Key key) {
+    Node record(int key) { return record_of(sense * key); }
+    template <class Key> Node record_of(Key key) {
         static_assert(sizeof key <= id_off - key_off);
         Record &made = records_.emplace_back();
         std::memset(&made, 0xA5, sizeof made);

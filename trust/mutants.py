@@ -1,0 +1,303 @@
+#!/usr/bin/env python3
+"""trust/mutants.py [N [SEED]] | planted: does the suite notice?
+
+Makes one small change after the other to a copy of the library and runs the tests that reach it: N changes drawn from
+all rooms (100 if not told), or those of trust/planted.txt.  A change that nothing notices is a survivor, unless
+trust/equivalent.txt says why it makes no difference.  Fails where more than one in a hundred survives.
+"""
+import collections
+import concurrent.futures
+import functools
+import os
+import pathlib
+import random
+import re
+import resource
+import shutil
+import subprocess
+import sys
+import tempfile
+
+root = pathlib.Path(__file__).resolve().parent.parent
+jobs = int(os.environ.get("OVANT_JOBS", os.cpu_count() or 1))
+compiler = os.environ.get("CXX", "c++")
+c_tests = ["range", "removal", "insert", "navigate", "frame", "keyed", "compare", "diagnostics", "damage", "balance",
+           "idioms", "platform"]
+typed_tests = ["model", "types", "shapes", "summary", "damage", "wrong_use"]
+
+# ---- What is changed -------------------------------------------------------------------------------------------------
+
+pairs = [("<=", "<"), (">=", ">"), ("<", "<="), (">", ">="), ("==", "!="), ("!=", "=="), ("&&", "||"), ("||", "&&"),
+         ("+", "-"), ("-", "+"), ("++", "--"), ("--", "++"), ("+=", "-="), ("-=", "+="), ("|=", "&="), ("*", "/"),
+         ("Side::left", "Side::right"), ("Side::right", "Side::left"), ("DIR_LEFT", "DIR_RIGHT"),
+         ("DIR_RIGHT", "DIR_LEFT"), ("DIR_HERE", "DIR_NEW"), ("dir_here", "dir_new"), ("Edge::front", "Edge::back"),
+         ("Edge::back", "Edge::front"), ("rule::first", "rule::last"), ("rule::front", "rule::back"),
+         ("rule::back", "rule::front"), ("rule::pred", "rule::succ"), ("Match::stop", "Match::left"),
+         ("Match::left", "Match::right"), ("Match::right", "Match::left"), ("left_turn", "right_turn"),
+         ("right_turn", "left_turn"), ("Action::left", "Action::right"), ("Action::visit", "Action::leave"),
+         ("smallest_first", "largest_first"), ("largest_first", "smallest_first"), ("true", "false"),
+         ("false", "true"), ("<S>", "<!S>"), ("<!S>", "<S>"), ("<H>", "<!H>"), ("<!H>", "<H>"), (".left", ".right"),
+         (".right", ".left"), (".before", ".after"), (".after", ".before"), ("before(", "after("),
+         ("after(", "before("), ("nullptr", "reinterpret_cast<void *>(8)"), ("continue;", "break;"),
+         ("break;", ""), ("return true;", "return false;"), ("return false;", "return true;")]
+swaps = dict(pairs)
+token = re.compile(
+    r"Side::\w+|Edge::\w+|rule::\w+|Match::\w+|Action::\w+|\b(?:left|right)_turn\b|\bDIR_\w+|\bdir_here\b"
+    r"|\b(?:smallest|largest)_first\b|<!?[SH]>|\.(?:left|right|before|after)\b|\b(?:before|after)\(|\bnullptr\b"
+    r"|\breturn (?:true|false);|\b(?:true|false)\b|\bcontinue;|\bbreak;"
+    r"|(?<= )(?:<=|>=|==|!=|&&|\|\||\+=|-=|\|=|<|>|\+|-|\*)(?= )|\+\+|--|(?<![\w.\"'])\d+(?![\w.\"'])")
+statement = re.compile(r"^\s+(?:\*|\+\+|--)?[a-z_][\w.:<>!*\->\[\] ]*(?:\(.*\)|(?: [-+|]?= .*)|\+\+|--);\s*(?://.*)?$")
+condition = re.compile(r"\b(?:if|while) (?:constexpr )?\((?!const|constexpr)([^;]*)\)(?= |$)")
+arguments = re.compile(r"(\w[\w>.]*\()([\w.\->*&]+), ([\w.\->*&]+)\)")
+
+
+def code_of(line):
+    """The line with strings and comments blanked, so that places stay."""
+    line = re.sub(r'"(?:\\.|[^"\\])*"', lambda m: " " * len(m.group()), line)
+    return re.sub(r"//.*|/\*.*?\*/", lambda m: " " * len(m.group()), line)
+
+
+def changes(text):
+    """All (line number, new line) of a file."""
+    inside = False
+    for number, line in enumerate(text.splitlines()):
+        inside = inside or line.lstrip().startswith("/*")
+        code = code_of(line)
+        if inside or not code.strip() or re.match(r"\s*(#|using |namespace|template|static_assert|\[\[)", code):
+            inside = inside and "*/" not in line
+            continue
+        for found in token.finditer(code):
+            word = found.group()
+            news = [swaps[word]] if word in swaps else []
+            if word.isdigit():
+                news = [str(int(word) + 1)] + (["0"] if word == "1" else [])
+            for new in news:
+                yield number, line[:found.start()] + new + line[found.end():]
+        for found in condition.finditer(code):
+            yield number, line[:found.start(1)] + "!(" + line[found.start(1):found.end(1)] + ")" + line[found.end(1):]
+        for found in arguments.finditer(code):
+            if found.group(2) != found.group(3):
+                yield number, line[:found.start(2)] + found.group(3) + ", " + found.group(2) + line[found.end(3):]
+        for found in re.finditer(r" \? ([^?:]+) : ([^?:;]+)(?=[;,)])", code):
+            yield number, (line[:found.start(1)] + found.group(2) + " : " + found.group(1) + line[found.end(2):])
+        if statement.match(line) and not re.match(r"\s*(return|const|auto|typedef|case|void|int)\b", line):
+            yield number, re.match(r"\s*", line).group() + ";"
+
+
+# As in the archive, which is no module that is loaded.
+library_sources = [s for s in sorted(root.glob("c/*/*.cpp"))
+                   if s.stem != "posix_load" and not s.stem.startswith("windows")]
+Mutant = collections.namedtuple("Mutant", "file line old new text")
+
+
+def all_mutants():
+    files = [*library_sources, *root.glob("c/*/*.hpp"), *root.glob("include/ovant/*/*.hpp"), root / "include/ovant_idioms.h"]
+    for path in sorted(files):
+        lines = path.read_text(encoding="utf-8").splitlines()
+        for number, new in changes("\n".join(lines)):
+            if new != lines[number]:
+                text = "\n".join(lines[:number] + [new] + lines[number + 1:]) + "\n"
+                yield Mutant(str(path.relative_to(root)), number + 1, lines[number].strip(), new.strip(), text)
+
+
+def planted():
+    for line in root.joinpath("trust/planted.txt").read_text(encoding="utf-8").splitlines():
+        if not line or line.startswith("#"):
+            continue
+        name, expression = line.split(None, 1)
+        old = root.joinpath(name).read_text(encoding="utf-8")
+        new = subprocess.run(["sed", expression], input=old, stdout=subprocess.PIPE, text=True, check=True).stdout
+        if new == old:
+            sys.exit(f"planted.txt changes nothing: {line}")
+        number = next(i for i, (a, b) in enumerate(zip(old.splitlines(), new.splitlines())) if a != b)
+        yield Mutant(name, number + 1, old.splitlines()[number].strip(), new.splitlines()[number].strip(), new)
+
+
+# ---- What notices ----------------------------------------------------------------------------------------------------
+
+work = pathlib.Path(tempfile.mkdtemp(prefix="mutants-"))
+wraps = "-Wl," + ",".join(f"--wrap={name}" for name in ("malloc", "realloc", "strdup", "free"))
+library_flags = ["-fno-exceptions", "-fno-rtti", "-DOVANT_NO_SPLIT_PATHS"]
+
+
+def limits():
+    resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
+    resource.setrlimit(resource.RLIMIT_AS, (8 << 30, 8 << 30))
+
+
+def run(command, seconds=60):
+    try:
+        done = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                              text=True, errors="replace", timeout=seconds, preexec_fn=limits, check=False)
+        return done.returncode, done.stdout
+    except subprocess.TimeoutExpired:
+        return "timeout", ""
+
+
+def compile_one(tree, source, target, *flags):
+    """Whether it compiles."""
+    return run([compiler, "-std=c++20", "-O1", "-w", *flags, f"-I{tree}/c", f"-I{tree}/include", f"-I{root}/tests",
+                "-c", str(source), "-o", str(target)], seconds=600)[0] == 0
+
+
+@functools.cache
+def needs(source):
+    return run([compiler, "-std=c++20", f"-I{root}/c", f"-I{root}/include", "-MM", str(source)])[1].split()
+
+
+def users_of(name):
+    """The sources of the C face that a change to this file reaches."""
+    return [str(s.relative_to(root)) for s in library_sources
+            if str(root / name) in [os.path.normpath(n) for n in needs(s)]]
+
+
+def object_name(source):
+    return source.parent.name + "-" + source.stem + ".o"
+
+
+def build_sound():
+    (work / "sound").mkdir()
+    tasks = [(root / f"tests/{t}_test.cpp", f"{t}.o") for t in c_tests]
+    tasks += [(root / f"fuzz/{name}.cpp", f"{name}.o") for name in ("operations", "driver")]
+    tasks += [(root / "tests/support/memory.cpp", "memory.o"), (root / "tests/seam/module_entry_test.cpp", "seam.o",
+                                                                '-DOVANT_SHARED_LIBRARY="none"')]
+    tasks += [(s, object_name(s), *library_flags) for s in library_sources]
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        done = pool.map(lambda t: compile_one(root, t[0], work / "sound" / t[1], *t[2:]), tasks)
+        if not all(done):
+            sys.exit("mutants: the sound library does not build")
+
+
+# The library itself is not there to be loaded.
+gtest = ["--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=-LoadedLibrary*"]
+
+
+def attempt(tree, tests, changed, *flags, without=(), arguments=gtest):
+    """Links tests with the changed objects and the sound rest, and runs them until one fails: what noticed, or 0."""
+    names = {p.name for p in changed} | set(without)
+    rest = [p for p in sorted((work / "sound").glob("*-*.o")) if p.name not in names]
+    program = tree / "ovant_tests"
+    code, said = run([compiler, *map(str, [*changed, *tests, *rest]), "-lgtest", "-lgtest_main", "-lpthread", "-ldl",
+                      *flags, "-o", str(program)])
+    if code:
+        return "does not link: " + said[-200:]
+    code, said = run([str(program), *arguments])
+    by = re.search(r"\[  FAILED  \] ([\w./]+)|(operations: \w+)", said)
+    return code and "noticed by " + ("the clock" if code == "timeout" else (by[1] or by[2]) if by else "a crash")
+
+
+def c_suite(tree, objects, file):
+    """The tests of the room come first."""
+    room = pathlib.Path(file).parent.name
+    first = {"update": "removal", "engine": "range"}.get(room, room)
+    tests = [work / f"sound/{t}.o" for t in sorted(c_tests, key=lambda t: t != first)]
+    memory = work / "sound/memory.o"
+    verdict = attempt(tree, [*tests, memory], objects, wraps)
+    if verdict:
+        return verdict
+    if room in ("platform", "frame"): # where a second program plays the platform
+        posix = "platform-posix.o"
+        return attempt(tree, [work / "sound/seam.o"], [o for o in objects if o.name != posix], without=[posix])
+    harness = [work / "sound/operations.o", work / "sound/driver.o", memory]
+    return attempt(tree, harness, objects, wraps, arguments=["1", "1"])
+
+
+def typed_suite(tree):
+    for name in typed_tests:
+        test = tree / f"{name}.o"
+        checks = f"-DOVANT_CHECKS={int(name == 'wrong_use')}"
+        if not compile_one(tree, root / f"tests/typed/{name}_test.cpp", test, checks):
+            return "does not compile"
+        if verdict := attempt(tree, [test], [], *(["-Wl,--wrap=malloc"] if name == "model" else [])):
+            return verdict
+    return None
+
+
+def judge(mutant):
+    tree = pathlib.Path(tempfile.mkdtemp(dir=work))
+    try:
+        for part in ("c", "include"):
+            shutil.copytree(root / part, tree / part)
+        (tree / mutant.file).write_text(mutant.text, encoding="utf-8")
+        if mutant.file.endswith("idioms.h"):
+            test = tree / "idioms.o"
+            compiles = compile_one(tree, root / "tests/idioms_test.cpp", test)
+            return attempt(tree, [test], []) if compiles else "does not compile"
+        objects = []
+        for source in users_of(mutant.file):
+            objects.append(tree / object_name(pathlib.Path(source)))
+            if not compile_one(tree, tree / source, objects[-1], *library_flags):
+                return "does not compile"
+        verdict = objects and c_suite(tree, objects, mutant.file)
+        if not verdict and mutant.file.startswith("include/"):
+            verdict = typed_suite(tree)
+        return verdict
+    finally:
+        shutil.rmtree(tree)
+
+
+def equivalents():
+    """FILE: LINE => LINE  # REASON, as the list of survivors shows it."""
+    for line in root.joinpath("trust/equivalent.txt").read_text(encoding="utf-8").splitlines():
+        if line.strip() and not line.startswith("#"):
+            change, _, reason = line.rpartition("  # ")
+            if not reason or not change:
+                sys.exit(f"equivalent.txt gives no reason: {line}")
+            yield change.strip()
+
+
+def main():
+    words = sys.argv[1:]
+    if words == ["planted"]:
+        drawn = list(planted())
+    else:
+        numbers = [int(w) for w in words] if all(w.isdigit() for w in words) and len(words) < 3 else None
+        if numbers is None or numbers[:1] == [0]:
+            sys.exit("usage: mutants [N [SEED]] | mutants planted")
+        count, seed = (numbers + [100, 1][len(numbers):])
+        everything = list(all_mutants())
+        random.Random(seed).shuffle(everything)
+        drawn = everything
+        print(f"{count} out of {len(everything)} by the seed {seed}", flush=True)
+    harmless = set(equivalents())
+    build_sound()
+    if verdict := c_suite(work, [], "c/frame/"):
+        sys.exit(f"mutants: the sound library is {verdict}")
+    tallies = collections.Counter()
+    survivors = []
+    wanted = len(drawn) if words == ["planted"] else count
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        queue = iter(drawn)
+        running = {}
+        while tallies["noticed"] + tallies["survived"] + tallies["equivalent"] < wanted:
+            while len(running) < jobs and (mutant := next(queue, None)):
+                running[pool.submit(judge, mutant)] = mutant
+            if not running:
+                break
+            for future in concurrent.futures.wait(running, return_when="FIRST_COMPLETED").done:
+                mutant, verdict = running.pop(future), future.result()
+                change = f"{mutant.file}: {mutant.old} => {mutant.new}"
+                if verdict and verdict.startswith("does not") and words != ["planted"]:
+                    tallies["stillborn"] += 1
+                    continue
+                kind = "noticed" if verdict else "equivalent" if change in harmless else "survived"
+                tallies[kind] += 1
+                if kind == "survived":
+                    survivors.append(change)
+                place = f"{mutant.file}:{mutant.line}"
+                print(f"{verdict or kind.upper():44} {place}: {mutant.old} => {mutant.new}", flush=True)
+        for future in running:
+            future.cancel()
+    real = tallies["noticed"] + tallies["survived"]
+    print(f"\n{real + tallies['equivalent']} mutants: {tallies['noticed']} noticed, "
+          f"{tallies['equivalent']} equivalent, {tallies['survived']} survived "
+          f"({100 * tallies['noticed'] / max(real, 1):.1f} % of the real ones noticed); "
+          f"{tallies['stillborn']} more did not compile")
+    print("".join(f"survivor: {change}\n" for change in survivors), end="")
+    return tallies["survived"] * 100 > real
+
+
+try:
+    sys.exit(main())
+finally:
+    shutil.rmtree(work)
