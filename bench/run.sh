@@ -16,6 +16,7 @@ usage: ./dev bench [OPTION]
   --filter REGEX     only these, as OPERATION/KEYS/NODES/CONTAINER: --filter '^find/random/1000/(avl_set|ovant)$'
   --levels           the library itself by each compiler at -O2 and -O3
   --cut              cost of cutting half of the nodes out of trees of 1,000 to 4,096,000, with its bounds checked
+  --beyond           counts, trees against trees, many searches at once: with and without, and beside what others have
   --limit            searches beside a bare chase down the same links
   --counters         what callgrind counts for the operations that are hardest to make fast, beside avl_set
   --budget           instructions of ten fixed runs, held against bench/budget.txt; --store rewrites that
@@ -164,6 +165,11 @@ case ${1:-} in
 --cut)
     compile "$build" cut
     "$programs/bench_cut" | column -t -s ,
+    ;;
+--beyond)
+    want /usr/include/absl/container/btree_set.h:libabsl-dev
+    compile "$build" beyond
+    "$programs/bench_beyond"
     ;;
 --limit)
     compile "$build" limit
