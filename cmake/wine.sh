@@ -8,4 +8,8 @@ export WINEPATH
 PATH=$PATH:/usr/lib/wine
 program=$2
 [ -e "$program" ] || program+=.exe
+# One server stays for all programs, and a minute longer: where it ends with the last of them, it turns away the one
+# that comes just then.  A second server finds the first and leaves at once, with an exit status.
+mkdir -p "$WINEPREFIX"
+wineserver -p60 2>/dev/null
 wine64 "$program" "${@:3}" | tr -d '\r'
