@@ -30,8 +30,7 @@ template <class Nodes, class Entry> [[gnu::noinline]] Turned sink(Nodes nodes, E
     while (level != work) {
         --level;
         Turned here{level->Node, 0};
-        nodes.hang(!h, here.root, below.root); // a turn below may have put another root there
-        nodes.refresh(here.root);
+        nodes.hang(!h, here.root, below.root); // a turn below may have put another root there, above the same nodes
         if (below.change != 0) {
             const int lean = nodes.lean(h, here.root) + 1; // the inner child is one level lower
             nodes.set_lean(h, here.root, lean);

@@ -91,10 +91,7 @@ public:
 private:
     template <class InFront> Entry *advance_to(iterator &at, const InFront &gap) const {
         Entry *const top = at.path();
-        if (top)
-            return engine::advance_to(nodes(), at.path_, top, gap);
-        at.path_[0].Node = nullptr;
-        return at.path_;
+        return top ? engine::advance_to(nodes(), at.path_, top, gap) : at.path_;
     }
 
     // In lower trees the nodes are near, and the processor overlaps one search with the next by itself.

@@ -222,10 +222,8 @@ private:
     // The free position next to a position, on its side S: at the end the one behind the last record.
     template <Side S> Entry *free_place(iterator &at) {
         Entry *const top = at.path();
-        if (!top) {
-            at.path_[0].Node = nullptr;
+        if (!top)
             return at.path_;
-        }
         return at.at_ ? engine::beside<S>(nodes(), top) : engine::beside<Side::right>(nodes(), top);
     }
     // The free position next to a position where x belongs; 0 if it does not.

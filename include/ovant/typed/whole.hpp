@@ -74,7 +74,7 @@ public:
     // and the result is false.
     template <class Clone, class D> bool clone_from(const whole &other, Clone clone, D dispose) {
         struct Copies {
-            Node root = nullptr;
+            Node root;
             const D &dispose;
             ~Copies() {
                 if (root)
