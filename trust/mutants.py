@@ -66,7 +66,7 @@ def changes(text):
     for number, line in enumerate(text.splitlines()):
         inside = inside or line.lstrip().startswith("/*")
         code = code_of(line)
-        if inside or not code.strip() or re.match(r"\s*(#|using |namespace|template|static_assert|\[\[)", code):
+        if inside or not code.strip() or "prefetch" in code or re.match(r"\s*(#|using |namespace|template|static_assert|\[\[)", code):
             inside = inside and "*/" not in line
             continue
         for found in token.finditer(code):

@@ -34,7 +34,8 @@ template <class Call> auto unless_interrupted(Call call) {
 // Not where the other end is closed: to write there would end the process by SIGPIPE.
 bool ready(int descriptor, short events, int milliseconds) {
     pollfd wanted = {.fd = descriptor, .events = events, .revents = 0};
-    return unless_interrupted([&] { return poll(&wanted, 1, milliseconds); }) > 0 && wanted.revents == events;
+    unless_interrupted([&] { return poll(&wanted, 1, milliseconds); });
+    return wanted.revents == events;
 }
 
 bool attended() {

@@ -18,17 +18,17 @@ bool sweep(Nodes nodes, Entry *first, Entry *last, Node root, Visit visit) {
         open += n ? 1 : 0;
     };
     // An address of 0 would take longer to refuse than any other takes to load.
-    const auto ask_for = [](Node n, Node instead) { __builtin_prefetch(n ? n : instead); };
+    const auto prefetch = [](Node n, Node instead) { __builtin_prefetch(n ? n : instead); };
     push(root);
     while (--open < room) { // none open: that wraps
         const Node n = first[open].Node;
         const Node left = nodes.template child<Side::left>(n), right = nodes.template child<Side::right>(n);
-        ask_for(left, n);
-        ask_for(right, n);
-        if (open != 0) { // what waits below has been asked for before: now its children
+        prefetch(left, n);
+        prefetch(right, n);
+        if (open != 0) { // what waits below has been fetched before: now its children
             const Node next = first[open - 1].Node;
-            ask_for(nodes.template child<Side::left>(next), next);
-            ask_for(nodes.template child<Side::right>(next), next);
+            prefetch(nodes.template child<Side::left>(next), next);
+            prefetch(nodes.template child<Side::right>(next), next);
         }
         push(left);
         push(right);
