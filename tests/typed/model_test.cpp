@@ -143,7 +143,6 @@ private:
     }
     void expect_all() {
         expect_nodes(tree_, order_);
-        EXPECT_FALSE(tree_.check());
         std::vector<Node> visited;
         tree_.for_each([&](Typed &x) { visited.push_back(&x); });
         EXPECT_TRUE(nodes_of(tree_) == order_ && visited == order_);
@@ -294,22 +293,15 @@ private:
         }
     }
     void cut() {
-        const int kinds[] = {below(5), below(5)}, key = below(keys), other_key = key + below(20) - 3;
-        int kind = 0;
-        for_all_gaps(order_, key, true, [&](const auto &first, std::size_t begin) {
-            int other_kind = 0;
-            if (kind++ == kinds[0])
-                for_all_gaps(order_, other_key, true, [&](const auto &last, std::size_t end) {
-                    if (other_kind++ == kinds[1])
-                        cut(first, begin, last, std::max(begin, end));
-                });
+        const int key = below(keys), other_key = key + below(20) - 3;
+        with_gap(below(gap_kinds), order_, key, [&](const auto &first, std::size_t begin) {
+            with_gap(below(gap_kinds), order_, other_key, [&](const auto &last, std::size_t other) {
+                const std::size_t end = std::max(begin, other);
+                EXPECT_TRUE(nodes_of(tree_.between(first, last)) == std::vector<Node>(place(begin), place(end)));
+                EXPECT_EQ(tree_.count(first, last), end - begin);
+                rejoin(call([&] { return tree_.extract(first, last); }), begin, leave(begin, end));
+            });
         });
-    }
-    template <class First, class Last>
-    void cut(const First &first, std::size_t begin, const Last &last, std::size_t end) {
-        EXPECT_TRUE(nodes_of(tree_.between(first, last)) == std::vector<Node>(place(begin), place(end)));
-        EXPECT_EQ(tree_.count(first, last), end - begin);
-        rejoin(call([&] { return tree_.extract(first, last); }), begin, leave(begin, end));
     }
     void cut_at_positions() {
         const std::size_t begin = random_() % (order_.size() + 1),

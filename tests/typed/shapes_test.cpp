@@ -43,54 +43,21 @@ template <class Tree> void cut_everywhere(int longest_run) {
         Plot<Tree> plot(shape, keys);
         // Gaps of all kinds around the keys and between them; in tall trees, around the keys, of all kinds at one.
         const int most = keys.at(plot.first.order.size()), step = shape.height < 4 ? 5 : 10;
-        const auto all_kinds = [=](int key) { return step == 5 || key == keys.first; };
+        const auto kinds = [=](int key) { return step == 5 || key == keys.first ? gap_kinds : 2; };
         for (int a = keys.first; a <= most; a += step)
-            for_all_gaps(plot.first.order, a, all_kinds(a), [&](const auto &first, std::size_t begin) {
-                for (int b = std::max(keys.first, a - 5); b <= most && !::testing::Test::HasFailure(); b += step)
-                    for_all_gaps(plot.first.order, b, all_kinds(b), [&](const auto &last, std::size_t end) {
-                        expect_cut(plot, first, begin, last, std::max(begin, end));
-                    });
-            });
+            for (int kind = 0; kind < kinds(a); kind++)
+                with_gap(kind, plot.first.order, a, [&](const auto &first, std::size_t begin) {
+                    for (int b = std::max(keys.first, a - 5); b <= most && !::testing::Test::HasFailure(); b += step)
+                        for (int other_kind = 0; other_kind < kinds(b); other_kind++)
+                            with_gap(other_kind, plot.first.order, b, [&](const auto &last, std::size_t end) {
+                                expect_cut(plot, first, begin, last, std::max(begin, end));
+                            });
+                });
     });
 }
 TEST(AllShapes, AreCutAtAllGaps) {
     cut_everywhere<SummedSet<ThreeWay>>(1);
     cut_everywhere<Multiset<Predicate>>(3);
-}
-
-// The way in which the C face deletes ranges, with summaries.
-struct Forget {
-    template <class Nodes> void below(Nodes, Entry *, Node) {}
-    void operator()(Node) {}
-};
-struct Silent : engine::NoReport {
-    template <engine::Side> Silent of() const { return {}; }
-};
-TEST(AllShapes, KeepTheirSummariesWhereRangesAreDropped) {
-    using engine::boundary, engine::ToGap;
-    const engine::Links<typed::summed_at_member<Summed, &Summed::link, Digest>> nodes;
-    Entry path[90], left[90], right[90];
-    for_all_shapes(4, 1, [&](const Shape &shape, Keys keys) {
-        Plot<SummedSet<ThreeWay>> plot(shape, keys);
-        const int most = keys.at(plot.first.order.size());
-        for (int first = 5; first <= most; first += 10)
-            for (int last = first + 10; last <= most; last += 10) {
-                plot.fresh();
-                const auto in_front = [](int key) { return [=](Node n) { return key_of(n) < key; }; };
-                const auto from = in_front(first), to = in_front(last);
-                const engine::Between between(from, to);
-                Entry *const top = engine::descend<engine::rule::key>(nodes, plot.tree.release(), between,
-                                                                      engine::PathTrail<Entry>{path})
-                                       .top;
-                const auto begins = [&](Node n) { return boundary<engine::rule::key>(nodes, left, n, ToGap(from)); };
-                const auto ends = [&](Node n) { return boundary<engine::rule::key>(nodes, right, n, ToGap(to)); };
-                const Node rest = engine::drop_between(nodes, path, top, begins, ends, Forget(), Silent());
-                plot.tree.adopt(static_cast<Summed *>(rest));
-                std::vector<Node> order = plot.first.order;
-                std::erase_if(order, [&](Node n) { return between(n).match(); });
-                expect_nodes(plot.tree, order);
-            }
-    });
 }
 
 template <class Tree> struct Costs : ::testing::Test {};
@@ -118,3 +85,19 @@ TYPED_TEST(Costs, AComparisonALevelAndNextToNoneBesideAPosition) {
 
 } // namespace
 } // namespace ovant::test
+
+// A record of the same name as one in types_test.cpp and local to its file, as that one is: nothing is shared.
+namespace {
+struct Event {
+    char elsewhere[40];
+    ovant::link link;
+    int time;
+};
+TEST(LocalRecords, OfOneNameInTwoFilesAreTwo) {
+    Event late{{}, {}, 2}, early{{}, {}, 1};
+    ovant::multiset<&Event::link, &Event::time> day;
+    day.insert(late);
+    day.insert(early);
+    EXPECT_TRUE(&day.front() == &early && &day.back() == &late);
+}
+} // namespace
