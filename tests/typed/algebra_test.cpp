@@ -26,21 +26,16 @@ int expect_algebra(const std::vector<Node> &first, const std::vector<Node> &seco
                              : mine.merge(theirs);
     const int comparisons = seen.comparisons;
 
-    const auto apply = [](auto algorithm, const std::vector<Node> &a, const std::vector<Node> &b) {
-        std::vector<Node> result;
-        algorithm(a.begin(), a.end(), b.begin(), b.end(), std::back_inserter(result),
-                  [](Node x, Node y) { return key_of(x) < key_of(y); });
-        return result;
+    const auto by_key = [](const auto &algorithm) {
+        return [&algorithm](const std::vector<Node> &a, const std::vector<Node> &b) {
+            std::vector<Node> result;
+            algorithm(a, b, std::back_inserter(result), std::less(), key_of, key_of);
+            return result;
+        };
     };
-    const auto both = [&](const std::vector<Node> &a, const std::vector<Node> &b) {
-        return apply([](auto... args) { std::set_intersection(args...); }, a, b);
-    };
-    const auto all = [&](const std::vector<Node> &a, const std::vector<Node> &b) {
-        return apply([](auto... args) { std::set_union(args...); }, a, b);
-    };
-    const auto without = [&](const std::vector<Node> &a, const std::vector<Node> &b) {
-        return apply([](auto... args) { std::set_difference(args...); }, a, b);
-    };
+    const auto all = by_key(std::ranges::set_union);
+    const auto both = by_key(std::ranges::set_intersection);
+    const auto without = by_key(std::ranges::set_difference);
     const std::vector<Node> &winner = second_wins ? second : first, &loser = second_wins ? first : second;
     const struct {
         std::vector<Node> mine, theirs, lost;

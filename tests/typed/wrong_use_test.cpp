@@ -21,6 +21,7 @@ struct Scene {
         counted.insert(*static_cast<Summed *>(nodes[9]));
     }
     Typed &at(std::size_t i) { return typed(nodes[i]); }
+    std::vector<Typed *> falling() { return {&at(8), &at(7)}; }
 };
 
 TEST(WrongUse, EndsTheProcessWithAWord) {
@@ -58,14 +59,8 @@ TEST(WrongUse, EndsTheProcessWithAWord) {
          "there is no record in an empty tree"},
         {[](Scene &s) { s.other.append(std::move(s.tree)); }, joined},
         {[](Scene &s) { s.tree.prepend(std::move(s.other)); }, joined},
-        {[](Scene &s) {
-             s.tree.assign_sorted(std::vector{&s.at(8), &s.at(7)});
-         },
-         "assign_sorted was given records out of order"},
-        {[](Scene &s) {
-             s.tree.insert_sorted(std::vector{&s.at(8), &s.at(7)});
-         },
-         "insert_sorted was given records out of order"},
+        {[](Scene &s) { s.tree.assign_sorted(s.falling()); }, "assign_sorted was given records out of order"},
+        {[](Scene &s) { s.tree.insert_sorted(s.falling()); }, "insert_sorted was given records out of order"},
         {[](Scene &s) { s.tree.find_or_insert(15, [&] { return &s.at(8); }); },
          "the record that was made has another key than the one asked for"},
         {[](Scene &s) { s.counted.begin() += 2; }, "a position goes beyond the end of its tree"},
