@@ -1,4 +1,4 @@
-// Trees against trees, held against the algorithms of the standard library; many searches at once.
+// Trees against trees, held against the algorithms of the standard library.
 #include "typed.hpp"
 
 #include <cmath>
@@ -127,29 +127,6 @@ TEST(Algebra, LosesNothingWhereAComparatorThrows) {
         EXPECT_FALSE(first.tree.check() || second.tree.check());
         EXPECT_FALSE(first.tree.dispose_some(200, lose));
         EXPECT_EQ(second.tree.size() + lost, first.nodes.size() + second.nodes.size());
-    }
-}
-
-// In trees on both sides of the height from which on searches go together.
-template <class> struct Many : ::testing::Test {};
-TYPED_TEST_SUITE(Many, Trees);
-TYPED_TEST(Many, AreFoundAsOneByOne) {
-    std::mt19937 random(14);
-    for (const int height : {0, 5, 23}) {
-        Plot<TypeParam> plot(leaning_shape(height, -1), {is_set<TypeParam> ? 1 : 2});
-        const int most = 20 + (plot.first.order.empty() ? 0 : key_of(plot.first.order.back()));
-        std::vector<int> keys;
-        for (int i = 0; i < 1000; i++)
-            keys.push_back(i ? static_cast<int>(random() % static_cast<unsigned>(most)) / 5 * 5 : most);
-        std::vector<typename TypeParam::value_type *> found(keys.size());
-        std::vector<const typename TypeParam::value_type *> bounds;
-        EXPECT_EQ(plot.tree.find_many(keys, found.data()), found.data() + found.size());
-        std::as_const(plot.tree).lower_bound_many(keys, std::back_inserter(bounds));
-        for (std::size_t i = 0; i < keys.size(); i++) {
-            const EqualRun run = run_of(plot.first.order, keys[i]);
-            EXPECT_TRUE(run.front == run.back ? !found[i] : found[i] && found[i]->key() == keys[i]);
-            EXPECT_EQ(bounds[i], run.front == plot.first.order.size() ? nullptr : plot.first.order[run.front]);
-        }
     }
 }
 

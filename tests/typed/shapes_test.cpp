@@ -64,15 +64,31 @@ template <class Tree> struct Costs : ::testing::Test {};
 TYPED_TEST_SUITE(Costs, Trees);
 TYPED_TEST(Costs, AComparisonALevelAndNextToNoneBesideAPosition) {
     constexpr bool asks_twice = std::is_same_v<typename TypeParam::key_compare, Predicate>;
-    for (const int lean : {-1, 0, +1}) {
-        Plot<TypeParam> plot(leaning_shape(lean ? 12 : 9, lean));
+    using Record = typename TypeParam::value_type;
+    // On both sides of the height from which on many searches go together.
+    for (const Shape &shape : {full_shape(0), full_shape(9), leaning_shape(12, -1), leaning_shape(23, +1)}) {
+        Plot<TypeParam> plot(shape, {is_set<TypeParam> ? 1 : 2});
         TypeParam &tree = plot.tree;
-        for (int key = 5; key <= key_of(plot.first.order.back()); key += 5) {
+        std::vector<int> keys;
+        std::vector<const Record *> bounds, many;
+        const int last = plot.first.order.empty() ? 0 : key_of(plot.first.order.back());
+        for (int key = 5; key <= last + 5; key += shape.height < 20 ? 5 : 35) {
             EXPECT_EQ(tree.contains(key), key % 10 == 0);
             EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height + asks_twice);
             tree.upper_bound(key);
             EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height);
+            const auto bound = tree.lower_bound(key);
+            EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height);
+            keys.push_back(key);
+            bounds.push_back(bound == tree.end() ? nullptr : &*bound);
         }
+        std::vector<Record *> found(keys.size());
+        EXPECT_EQ(tree.find_many(keys, found.data()), found.data() + found.size());
+        std::as_const(tree).lower_bound_many(keys, std::back_inserter(many));
+        EXPECT_EQ(many, bounds);
+        for (std::size_t i = 0; i < keys.size(); i++)
+            EXPECT_TRUE(keys[i] % 10 ? !found[i] : found[i] && found[i]->key() == keys[i]);
+        seen.comparisons = 0;
         tree.clear();
         auto hint = tree.end();
         for (const Node n : plot.first.order) {
