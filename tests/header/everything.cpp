@@ -35,87 +35,45 @@ struct Item : Base {
 };
 constexpr auto negative = [](const Item &item) { return -item.key; };
 
+void use(const auto &...) {}
+constexpr auto small = ovant::partition_point([](const Item &x) { return x.key < 9; });
+
 template <class Tree> void look_up(Tree &tree, Item &item, const auto &key) {
-    (void)tree.find(key);
-    (void)tree.contains(key);
-    (void)tree.lower_bound(key);
-    (void)tree.upper_bound(key);
-    (void)tree.equal_range(key);
-    (void)tree.first_after(ovant::before(key));
-    (void)tree.count(key);
-    (void)tree.count(ovant::start, ovant::after(key));
-    const auto between =
-        tree.between(ovant::before(key), ovant::partition_point([](const Item &x) { return x.key < 9; }));
-    static_assert(std::ranges::bidirectional_range<decltype(between)> &&
-                  std::ranges::view<std::decay_t<decltype(between)>>);
+    use(tree.find(key), tree.contains(key), tree.lower_bound(key), tree.upper_bound(key), tree.equal_range(key),
+        tree.first_after(ovant::before(key)), tree.count(key), tree.count(ovant::start, ovant::after(key)));
+    const auto between = tree.between(ovant::before(key), small);
     if (between)
-        (void)between.front();
-    for (auto &x : between)
-        (void)x;
-    (void)std::ranges::distance(tree);
-    (void)(tree.cbegin() == tree.cend());
+        use(between.front(), std::ranges::distance(between));
     for (auto it = tree.rbegin(); it != tree.rend(); it++)
-        (void)it.base();
-    (void)(tree.crbegin() == tree.crend());
-    (void)(--tree.end())->key;
-    (void)tree.front();
-    (void)tree.back();
-    (void)tree.holds(item);
-    (void)tree.iterator_to(item);
+        use(it.base());
+    use(tree.cbegin() == tree.cend(), tree.crbegin() == tree.crend(), (--tree.end())->key, std::ranges::distance(tree));
+    use(tree.front(), tree.back(), tree.holds(item), tree.iterator_to(item));
+    use(tree.empty(), tree.key_comp(), tree.disposer());
     tree.for_each([](const Item &) {});
-    (void)tree.empty();
-    (void)tree.key_comp();
-    (void)tree.disposer();
-}
-
-template <class Tree> void summaries(Tree &tree, Item &item, const auto &key) {
-    if constexpr (requires { tree.size(); }) {
-        (void)(tree.nth(tree.size()) - tree.begin());
-        (void)(tree.rank(tree.begin() + 1 - 1) + tree.rank(item) + tree.rank(ovant::before(key)));
-        (void)(tree.rbegin() += 1);
-    }
-    if constexpr (requires { tree.summary(); }) {
-        (void)tree.summary();
-        (void)tree.fold(ovant::start, ovant::after(key));
-        const auto passes = [](const auto &) { return true; };
-        (void)tree.first_passing(ovant::before(key), passes);
-        (void)tree.first_passing(tree.begin(), passes);
-    }
-}
-
-template <class Tree> void many(Tree &tree, const auto &key) {
     const std::remove_cvref_t<decltype(key)> keys[] = {key};
     typename Tree::const_pointer found[1];
-    (void)tree.find_many(keys, found);
-    (void)tree.lower_bound_many(keys, found);
-    if constexpr (requires(Item item) { tree.insert(item); } && !std::is_const_v<Tree>) {
-        Item *items[1] = {};
-        tree.insert_sorted(items);
-        tree.erase_sorted(keys);
-        tree.dispose_some(10);
+    use(tree.find_many(keys, found), tree.lower_bound_many(keys, found));
+
+    if constexpr (requires { tree.size(); })
+        use(tree.nth(tree.size()) - tree.begin(), tree.rbegin() += 1, tree.rank(tree.begin() + 1 - 1), tree.rank(item),
+            tree.rank(ovant::before(key)));
+    if constexpr (requires { tree.summary(); }) {
+        const auto passes = [](const auto &) { return true; };
+        use(tree.summary(), tree.fold(ovant::start, ovant::after(key)), tree.first_passing(tree.begin(), passes),
+            tree.first_passing(ovant::before(key), passes));
     }
 }
 
 template <class Tree> void update(Tree &tree, Item &item, const auto &key) {
-    tree.insert(item);
-    tree.insert(tree.end(), item);
-    tree.insert_before(tree.begin(), item);
-    tree.push_back(item);
-    tree.push_front(item);
-    tree.erase(tree.begin());
-    tree.erase(item);
-    tree.erase(key);
-    tree.extract(tree.cbegin());
-    tree.extract(item);
-    tree.extract(key);
-    tree.pop_front();
-    tree.pop_back();
-    if constexpr (requires { tree.insert_front(item); }) {
-        tree.insert_front(item);
-    } else {
-        tree.insert_or_replace(item);
-        tree.find_or_insert(key, [&item] { return &item; });
-    }
+    use(tree.insert(item), tree.insert(tree.end(), item), tree.insert_before(tree.begin(), item), tree.push_back(item),
+        tree.push_front(item));
+    use(tree.erase(tree.begin()), tree.erase(item), tree.erase(key));
+    use(tree.extract(tree.cbegin()), tree.extract(item), tree.extract(key), tree.pop_front(), tree.pop_back());
+    use(tree.insert_sorted(std::vector<Item *>()), tree.erase_sorted(std::vector{key}), tree.dispose_some(10));
+    if constexpr (requires { tree.insert_front(item); })
+        use(tree.insert_front(item));
+    else
+        use(tree.insert_or_replace(item), tree.find_or_insert(key, [&item] { return &item; }));
 }
 
 template <class Tree> void whole(Tree &tree, const auto &key, std::ostream &out) {
@@ -154,14 +112,10 @@ template <class Tree> void all(std::ostream &out, const auto &key) {
     static_assert(std::ranges::bidirectional_range<Tree> && std::ranges::bidirectional_range<const Tree>);
     Item item;
     Tree tree;
-    look_up(tree, item, key);
-    look_up(std::as_const(tree), item, key);
-    summaries(tree, item, key);
-    summaries(std::as_const(tree), item, key);
-    many(tree, key);
-    many(std::as_const(tree), key);
     update(tree, item, key);
     whole(tree, key, out);
+    look_up(tree, item, key);
+    look_up(std::as_const(tree), item, key);
 }
 
 template <auto Link, auto Key, class Compare = std::compare_three_way, class Dispose = ovant::unowned>

@@ -1,4 +1,4 @@
-// Trees against trees, held against the algorithms of the standard library; many searches at once.
+// Trees against trees, held against the algorithms of the standard library.
 #include "typed.hpp"
 
 #include <cmath>
@@ -26,21 +26,16 @@ int expect_algebra(const std::vector<Node> &first, const std::vector<Node> &seco
                              : mine.merge(theirs);
     const int comparisons = seen.comparisons;
 
-    const auto apply = [](auto algorithm, const std::vector<Node> &a, const std::vector<Node> &b) {
-        std::vector<Node> result;
-        algorithm(a.begin(), a.end(), b.begin(), b.end(), std::back_inserter(result),
-                  [](Node x, Node y) { return key_of(x) < key_of(y); });
-        return result;
+    const auto by_key = [](const auto &algorithm) {
+        return [&algorithm](const std::vector<Node> &a, const std::vector<Node> &b) {
+            std::vector<Node> result;
+            algorithm(a, b, std::back_inserter(result), std::less(), key_of, key_of);
+            return result;
+        };
     };
-    const auto both = [&](const std::vector<Node> &a, const std::vector<Node> &b) {
-        return apply([](auto... args) { std::set_intersection(args...); }, a, b);
-    };
-    const auto all = [&](const std::vector<Node> &a, const std::vector<Node> &b) {
-        return apply([](auto... args) { std::set_union(args...); }, a, b);
-    };
-    const auto without = [&](const std::vector<Node> &a, const std::vector<Node> &b) {
-        return apply([](auto... args) { std::set_difference(args...); }, a, b);
-    };
+    const auto all = by_key(std::ranges::set_union);
+    const auto both = by_key(std::ranges::set_intersection);
+    const auto without = by_key(std::ranges::set_difference);
     const std::vector<Node> &winner = second_wins ? second : first, &loser = second_wins ? first : second;
     const struct {
         std::vector<Node> mine, theirs, lost;
@@ -132,29 +127,6 @@ TEST(Algebra, LosesNothingWhereAComparatorThrows) {
         EXPECT_FALSE(first.tree.check() || second.tree.check());
         EXPECT_FALSE(first.tree.dispose_some(200, lose));
         EXPECT_EQ(second.tree.size() + lost, first.nodes.size() + second.nodes.size());
-    }
-}
-
-// In trees on both sides of the height from which on searches go together.
-template <class> struct Many : ::testing::Test {};
-TYPED_TEST_SUITE(Many, Trees);
-TYPED_TEST(Many, AreFoundAsOneByOne) {
-    std::mt19937 random(14);
-    for (const int height : {0, 5, 23}) {
-        Plot<TypeParam> plot(leaning_shape(height, -1), {is_set<TypeParam> ? 1 : 2});
-        const int most = 20 + (plot.first.order.empty() ? 0 : key_of(plot.first.order.back()));
-        std::vector<int> keys;
-        for (int i = 0; i < 1000; i++)
-            keys.push_back(i ? static_cast<int>(random() % static_cast<unsigned>(most)) / 5 * 5 : most);
-        std::vector<typename TypeParam::value_type *> found(keys.size());
-        std::vector<const typename TypeParam::value_type *> bounds;
-        EXPECT_EQ(plot.tree.find_many(keys, found.data()), found.data() + found.size());
-        std::as_const(plot.tree).lower_bound_many(keys, std::back_inserter(bounds));
-        for (std::size_t i = 0; i < keys.size(); i++) {
-            const EqualRun run = run_of(plot.first.order, keys[i]);
-            EXPECT_TRUE(run.front == run.back ? !found[i] : found[i] && found[i]->key() == keys[i]);
-            EXPECT_EQ(bounds[i], run.front == plot.first.order.size() ? nullptr : plot.first.order[run.front]);
-        }
     }
 }
 

@@ -1,7 +1,7 @@
 // check() on damaged trees, held against a recursion that knows where it has been.
 #include "typed.hpp"
 
-#include <set>
+#include <map>
 
 namespace ovant::test {
 namespace {
@@ -10,35 +10,35 @@ namespace {
 template <class Tree> struct Judge {
     explicit Judge(Node root) {
         height(root);
-        for (std::size_t i = 1; i < order.size() && !bad; i++)
+        for (std::size_t i = 1; i < order.size(); i++)
             if (key_of(order[i - 1]) >= key_of(order[i]) + !is_set<Tree>)
                 blame(order[i], "wrong order");
     }
     void blame(Node n, const char *why) {
-        bad = n;
-        reason = why;
+        if (!bad)
+            bad = n, reason = why;
     }
     int height(Node n) {
         if (!n || bad)
             return 0;
         const AVL_Link link = link_of(n);
-        if (!visited.insert(n).second)
-            blame(n, std::count(open.begin(), open.end(), n) ? "circle" : "shared");
+        const auto [at, fresh] = open.emplace(n, true);
+        if (!fresh)
+            blame(n, at->second ? "circle" : "shared");
         else if (std::abs(link.Balance) > 1)
             blame(n, "wrong balance");
-        open.push_back(n);
         const int left = height(link.Left);
         order.push_back(n);
         const int right = height(link.Right);
-        open.pop_back();
-        if (!bad && link.Balance != right - left)
+        at->second = false;
+        if (link.Balance != right - left)
             blame(n, "wrong balance");
         return 1 + std::max(left, right);
     }
     Node bad = nullptr;
     std::string reason = "sound";
-    std::set<Node> visited;
-    std::vector<Node> open, order;
+    std::map<Node, bool> open; // those that have been visited
+    std::vector<Node> order;
 };
 
 // The verdict is right, the way leads to the record, and no byte has changed.

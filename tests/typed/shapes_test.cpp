@@ -43,14 +43,16 @@ template <class Tree> void cut_everywhere(int longest_run) {
         Plot<Tree> plot(shape, keys);
         // Gaps of all kinds around the keys and between them; in tall trees, around the keys, of all kinds at one.
         const int most = keys.at(plot.first.order.size()), step = shape.height < 4 ? 5 : 10;
-        const auto all_kinds = [=](int key) { return step == 5 || key == keys.first; };
+        const auto kinds = [=](int key) { return step == 5 || key == keys.first ? gap_kinds : 2; };
         for (int a = keys.first; a <= most; a += step)
-            for_all_gaps(plot.first.order, a, all_kinds(a), [&](const auto &first, std::size_t begin) {
-                for (int b = std::max(keys.first, a - 5); b <= most && !::testing::Test::HasFailure(); b += step)
-                    for_all_gaps(plot.first.order, b, all_kinds(b), [&](const auto &last, std::size_t end) {
-                        expect_cut(plot, first, begin, last, std::max(begin, end));
-                    });
-            });
+            for (int kind = 0; kind < kinds(a); kind++)
+                with_gap(kind, plot.first.order, a, [&](const auto &first, std::size_t begin) {
+                    for (int b = std::max(keys.first, a - 5); b <= most && !::testing::Test::HasFailure(); b += step)
+                        for (int other_kind = 0; other_kind < kinds(b); other_kind++)
+                            with_gap(other_kind, plot.first.order, b, [&](const auto &last, std::size_t end) {
+                                expect_cut(plot, first, begin, last, std::max(begin, end));
+                            });
+                });
     });
 }
 TEST(AllShapes, AreCutAtAllGaps) {
@@ -58,54 +60,35 @@ TEST(AllShapes, AreCutAtAllGaps) {
     cut_everywhere<Multiset<Predicate>>(3);
 }
 
-// The way in which the C face deletes ranges, with summaries.
-struct Forget {
-    template <class Nodes> void below(Nodes, Entry *, Node) {}
-    void operator()(Node) {}
-};
-struct Silent : engine::NoReport {
-    template <engine::Side> Silent of() const { return {}; }
-};
-TEST(AllShapes, KeepTheirSummariesWhereRangesAreDropped) {
-    using engine::boundary, engine::ToGap;
-    const engine::Links<typed::summed_at_member<Summed, &Summed::link, Digest>> nodes;
-    Entry path[90], left[90], right[90];
-    for_all_shapes(4, 1, [&](const Shape &shape, Keys keys) {
-        Plot<SummedSet<ThreeWay>> plot(shape, keys);
-        const int most = keys.at(plot.first.order.size());
-        for (int first = 5; first <= most; first += 10)
-            for (int last = first + 10; last <= most; last += 10) {
-                plot.fresh();
-                const auto in_front = [](int key) { return [=](Node n) { return key_of(n) < key; }; };
-                const auto from = in_front(first), to = in_front(last);
-                const engine::Between between(from, to);
-                Entry *const top = engine::descend<engine::rule::key>(nodes, plot.tree.release(), between,
-                                                                      engine::PathTrail<Entry>{path})
-                                       .top;
-                const auto begins = [&](Node n) { return boundary<engine::rule::key>(nodes, left, n, ToGap(from)); };
-                const auto ends = [&](Node n) { return boundary<engine::rule::key>(nodes, right, n, ToGap(to)); };
-                const Node rest = engine::drop_between(nodes, path, top, begins, ends, Forget(), Silent());
-                plot.tree.adopt(static_cast<Summed *>(rest));
-                std::vector<Node> order = plot.first.order;
-                std::erase_if(order, [&](Node n) { return between(n).match(); });
-                expect_nodes(plot.tree, order);
-            }
-    });
-}
-
 template <class Tree> struct Costs : ::testing::Test {};
 TYPED_TEST_SUITE(Costs, Trees);
 TYPED_TEST(Costs, AComparisonALevelAndNextToNoneBesideAPosition) {
     constexpr bool asks_twice = std::is_same_v<typename TypeParam::key_compare, Predicate>;
-    for (const int lean : {-1, 0, +1}) {
-        Plot<TypeParam> plot(leaning_shape(lean ? 12 : 9, lean));
+    using Record = typename TypeParam::value_type;
+    // On both sides of the height from which on many searches go together.
+    for (const Shape &shape : {full_shape(0), full_shape(9), leaning_shape(12, -1), leaning_shape(23, +1)}) {
+        Plot<TypeParam> plot(shape, {is_set<TypeParam> ? 1 : 2});
         TypeParam &tree = plot.tree;
-        for (int key = 5; key <= key_of(plot.first.order.back()); key += 5) {
+        std::vector<int> keys;
+        std::vector<const Record *> bounds, many;
+        const int last = plot.first.order.empty() ? 0 : key_of(plot.first.order.back());
+        for (int key = 5; key <= last + 5; key += shape.height < 20 ? 5 : 35) {
             EXPECT_EQ(tree.contains(key), key % 10 == 0);
             EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height + asks_twice);
             tree.upper_bound(key);
             EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height);
+            const auto bound = tree.lower_bound(key);
+            EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height);
+            keys.push_back(key);
+            bounds.push_back(bound == tree.end() ? nullptr : &*bound);
         }
+        std::vector<Record *> found(keys.size());
+        EXPECT_EQ(tree.find_many(keys, found.data()), found.data() + found.size());
+        std::as_const(tree).lower_bound_many(keys, std::back_inserter(many));
+        EXPECT_EQ(many, bounds);
+        for (std::size_t i = 0; i < keys.size(); i++)
+            EXPECT_TRUE(keys[i] % 10 ? !found[i] : found[i] && found[i]->key() == keys[i]);
+        seen.comparisons = 0;
         tree.clear();
         auto hint = tree.end();
         for (const Node n : plot.first.order) {
@@ -118,3 +101,19 @@ TYPED_TEST(Costs, AComparisonALevelAndNextToNoneBesideAPosition) {
 
 } // namespace
 } // namespace ovant::test
+
+// A record of the same name as one in types_test.cpp and local to its file, as that one is: nothing is shared.
+namespace {
+struct Event {
+    char elsewhere[40];
+    ovant::link link;
+    int time;
+};
+TEST(LocalRecords, OfOneNameInTwoFilesAreTwo) {
+    Event late{{}, {}, 2}, early{{}, {}, 1};
+    ovant::multiset<&Event::link, &Event::time> day;
+    day.insert(late);
+    day.insert(early);
+    EXPECT_TRUE(&day.front() == &early && &day.back() == &late);
+}
+} // namespace

@@ -77,9 +77,12 @@ TEST(Ranges, AlgorithmsAndViewsTakeTreesAndIntervals) {
     EXPECT_TRUE(std::prev(day.end())->time == 50 && std::ranges::find(day, 30, &Event::time) == day.find(30));
     EXPECT_TRUE(std::ranges::is_sorted(day, {}, &Event::time) && std::ranges::distance(day.equal_range(20)) == 1);
     EXPECT_EQ(std::ranges::max_element(day.between(ovant::start, before(35)), {}, &Event::time)->time, 30);
-    std::ostringstream drawn;
-    day.draw(drawn);
-    EXPECT_EQ(drawn.str(), "    /-- 50\n/-- 40\n|   \\-- 30\n20\n\\-- 10 -\n    \\-- 0\n");
+    const auto drawn = [&day] {
+        std::ostringstream out;
+        day.draw(out);
+        return out.str();
+    };
+    EXPECT_EQ(drawn(), "    /-- 50\n/-- 40\n|   \\-- 30\n20\n\\-- 10 -\n    \\-- 0\n");
     Event copy = events[0]; // which stands in no tree
     day.insert(copy);
     copy = events[0]; // and stays where it stands
@@ -89,13 +92,10 @@ TEST(Ranges, AlgorithmsAndViewsTakeTreesAndIntervals) {
     day.assign_sorted(sorted);
     EXPECT_EQ(times_of(day), (Times{30, 40}));
     day.clear();
-    drawn.str("");
-    day.draw(drawn);
-    EXPECT_EQ(drawn.str(), "");
+    EXPECT_EQ(drawn(), "");
     day.insert(events[1]);
     day.insert(events[0]);
-    day.draw(drawn);
-    EXPECT_EQ(drawn.str(), "/-- 50\n40 +\n");
+    EXPECT_EQ(drawn(), "/-- 50\n40 +\n");
 }
 
 // Comes in from the last to the first, stands in order, and goes.
