@@ -4,9 +4,7 @@
 #include "support/ranges.hpp"
 #include "support/shapes.hpp"
 
-#if !defined(_WIN32)
-#include <sys/mman.h>
-#endif
+#include <cstdlib>
 
 namespace ovant::test {
 namespace {
@@ -188,39 +186,26 @@ TEST(Range, NothingIsReadWhereThereIsNothing) {
     EXPECT_FALSE(AVL_SearchKey(tree, gone) || AVL_InsertStabil(tree, gone, nullptr) || AVL_GetLess(tree, gone));
 }
 
-// A page of memory that ends the test where it is touched after its node has gone.
-struct Page {
-    void close(void *node) { // the node moves there first
-        std::memcpy(start, node, sizeof(Record));
-        mprotect(start, 4096, PROT_NONE);
-    }
-    ~Page() { munmap(start, 4096); }
-    void *const start = mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-};
 TEST(Range, WhatGoesUnvisitedIsNotRead) {
     Host host;
     const std::vector<Node> order = plant(host, full_shape(3)); // 40 over 20 (10, 30) and 60 (50, 70)
+    const Node nowhere = reinterpret_cast<Node>(8);
     host.tree->Funcs = AVL_GetNodeFuncPtrRetNULL();
-    Page page;
-    set_link(order[3], page.start, link_of(order[3]).Right, 0);
-    page.close(order[1]);
+    set_link(order[3], nowhere, link_of(order[3]).Right, 0);
     const int key = 45;
     AVL_DelLess(host.tree, &key, nullptr);
     expect_tree(host.tree, {order[4], order[5], order[6]});
-    host.tree->Root = page.start;
+    host.tree->Root = nowhere;
     AVL_DelTree(host.tree, nullptr);
     EXPECT_EQ(host.tree->Root, nullptr);
 }
 TEST(Range, AKeyMayGoWithTheOnlyNode) {
-    constexpr AVL_NodeFuncs unmapping = {on_malloc, on_realloc, on_free,
-                                         [](Node node, void *page) { static_cast<Page *>(page)->close(node); }};
     for (const RangeCall del : {by<AVL_DelBetweenKey>, by<AVL_DelBetweenEqualEqual>}) {
         Host host(AVL_CMP_HandlePointer);
-        Page page;
-        host.tree->Funcs = &unmapping;
-        host.tree->Root = std::memcpy(page.start, host.record(7), sizeof(Record));
-        const auto *const key = reinterpret_cast<const int *>(static_cast<char *>(page.start) + key_off);
-        del(host.tree, key, key, &page);
+        host.tree->Funcs = AVL_GetNodeFuncPtrFreeMem();
+        host.tree->Root = std::memcpy(std::malloc(sizeof(Record)), host.record(7), sizeof(Record));
+        const auto *const key = reinterpret_cast<const int *>(static_cast<char *>(host.tree->Root) + key_off);
+        del(host.tree, key, key, nullptr); // the address sanitizer watches
         EXPECT_EQ(host.tree->Root, nullptr);
     }
 }
