@@ -55,6 +55,16 @@ inline EqualRun run_of(const std::vector<Node> &order, int key) {
     return {boundary(key), boundary(key + 1)};
 }
 
+inline Node at(const std::vector<Node> &order, std::size_t position) { // position -1 wraps round to no node
+    return position < order.size() ? order[position] : nullptr;
+}
+inline void put_in(std::vector<Node> &order, std::size_t position, Node node) {
+    order.insert(order.begin() + static_cast<std::ptrdiff_t>(position), node);
+}
+inline void take_out(std::vector<Node> &order, std::size_t position) {
+    order.erase(order.begin() + static_cast<std::ptrdiff_t>(position));
+}
+
 // The three classic orders, by recursion, of a subtree that need not be sound.
 enum class Visit { before, between, after };
 inline std::vector<Node> traversal(Node node, Visit visit) {
@@ -73,17 +83,6 @@ inline std::vector<int> keys_of(const std::vector<Node> &nodes) {
     for (Node node : nodes)
         keys.push_back(key_of(node));
     return keys;
-}
-
-// A tree as text, "60-(40+(,50),70)": keys with the sign of their Balance, then the children.
-inline std::string picture_of(Node node) {
-    if (!node)
-        return "";
-    const AVL_Link link = link_of(node);
-    std::string text = std::to_string(key_of(node));
-    if (link.Balance != 0)
-        text += std::abs(link.Balance) > 1 ? "?" : link.Balance < 0 ? "-" : "+";
-    return link.Left || link.Right ? text + "(" + picture_of(link.Left) + "," + picture_of(link.Right) + ")" : text;
 }
 
 // Paints the entries above a height, up to the 43 that every build has; the end of its life fails the test where one
