@@ -76,7 +76,6 @@ inline std::vector<Node> traversal(Node node, Visit visit) {
     nodes.insert(visit == Visit::before ? nodes.begin() : visit == Visit::between ? middle : nodes.end(), node);
     return nodes;
 }
-inline std::vector<Node> inorder(Node root) { return traversal(root, Visit::between); }
 
 inline std::vector<int> keys_of(const std::vector<Node> &nodes) {
     std::vector<int> keys;
