@@ -84,6 +84,28 @@ inline std::vector<int> keys_of(const std::vector<Node> &nodes) {
     return keys;
 }
 
+// A comparator on every pair of these keys, which come in tree order, and on a tree of them.
+template <class Key> void expect_order(AVL_CmpFunc cmp, const std::vector<Key> &keys, bool by_value = false) {
+    Host host(cmp);
+    std::vector<Node> nodes, built;
+    const auto key_in = [](Node node) -> const void * { return static_cast<char *>(node) + key_off; };
+    const auto sought = [=](Node node) {
+        const auto value = load<std::uint32_t>(node, key_off);
+        return by_value ? reinterpret_cast<const void *>(std::uintptr_t{value}) : key_in(node);
+    };
+    for (const Key &key : keys) {
+        nodes.push_back(host.record_of(key));
+        AVL_InsertUnique(host.tree, sought(nodes.back()), nodes.back());
+    }
+    check_below(host.tree->Root, built, 0);
+    EXPECT_EQ(built, nodes);
+    for (std::size_t i = 0; i < nodes.size(); i++) {
+        EXPECT_EQ(AVL_SearchKey(host.tree, sought(nodes[i])), nodes[i]);
+        for (std::size_t j = 0; j < nodes.size(); j++)
+            EXPECT_EQ(cmp(key_in(nodes[i]), sought(nodes[j])), (i < j) - (i > j)) << i << " and " << j;
+    }
+}
+
 // Paints the entries above a height, up to the 43 that every build has; the end of its life fails the test where one
 // of them or the sentinel was written.
 class StackGuard {
