@@ -32,7 +32,6 @@ struct Machine {
     Nodes order;            // what the tree should hold
     int key = 0, other = 0; // the bounds of this step, upward in tree order
 
-    Node at(std::size_t position) const { return position < order.size() ? order[position] : nullptr; }
     // The tree gets a stack of the host's that is just as high: the address sanitizer sees what is written above it.
     void hold(const Nodes &expected) {
         const Checked checked = check(tree);
@@ -77,20 +76,8 @@ template <auto Make, bool WithFree> void remove(Machine &m) {
         AVL_DelPfad(m.tree, pfad, &sought, nullptr);
     m.lose(node, WithFree ? node : AVL_GetPfad(m.tree, pfad));
 }
-void remove_first(Machine &m) { m.lose(m.at(0), AVL_GetMin(m.tree)); }
-void remove_last(Machine &m) { m.lose(m.at(m.order.size() - 1), AVL_GetMax(m.tree)); }
-
-void look(Machine &m) {
-    const auto run = run_of(m.order, m.key);
-    const int sought = sense * m.key;
-    require(AVL_SearchLess(m.tree, &sought) == m.at(run.front - 1), "less");
-    require(AVL_SearchGreaterEqual(m.tree, &sought) == m.at(run.front), "greater or equal");
-    require(AVL_SearchLessEqual(m.tree, &sought) == m.at(run.back - 1), "less or equal");
-    require(AVL_SearchGreater(m.tree, &sought) == m.at(run.back), "greater");
-    const bool present = run.front != run.back;
-    require(AVL_MakeFirstKey(m.tree, &sought)->Node == (present ? m.at(run.front) : nullptr), "first of the run");
-    require(AVL_MakeLastKey(m.tree, &sought)->Node == (present ? m.at(run.back - 1) : nullptr), "last of the run");
-}
+void remove_first(Machine &m) { m.lose(at(m.order, 0), AVL_GetMin(m.tree)); }
+void remove_last(Machine &m) { m.lose(at(m.order, m.order.size() - 1), AVL_GetMax(m.tree)); }
 
 void range(Machine &m, const RangeOp &op, bool extract) {
     const int first = sense * m.key, last = op.bounds == 1 ? m.key : m.other, second = sense * last;
@@ -127,7 +114,7 @@ template <bool Inserts> void typed_step(Machine &m) {
     require(nodes_of(tree) == m.order, "another walk");
     if (Inserts) {
         const Node node = m.host.record(low);
-        m.order.insert(m.order.begin() + static_cast<std::ptrdiff_t>(run_of(m.order, low).back), node);
+        put_in(m.order, run_of(m.order, low).back, node);
         tree.insert(typed(node));
     } else {
         auto out = tree.extract(ovant::before(sense * low), ovant::after(sense * high));
@@ -156,7 +143,6 @@ constexpr struct {
               {"AVL_DelPfad of the last", remove<AVL_MakeLastKey, true>},
               {"AVL_GetMin", remove_first},
               {"AVL_GetMax", remove_last},
-              {"searches", look},
               {"AVL_ConcatLess", join<true>},
               {"AVL_ConcatGreater", join<false>},
               {"typed extract", typed_step<false>}};
