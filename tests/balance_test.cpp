@@ -59,9 +59,7 @@ TEST(FixPfad, CarriesEveryChangeFromEveryPosition) {
 
                 top->Node = scion.root;
                 const Change change = AVL_FixPfad(tree, bottom, top, height - old);
-                const Checked now = check(tree, bottom->Node);
-                EXPECT_TRUE(now.order == expected);
-                EXPECT_EQ(now.height, shape.height + change);
+                EXPECT_EQ(expect_tree(tree, bottom->Node, expected), shape.height + change);
             }
     });
 }

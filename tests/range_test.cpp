@@ -9,44 +9,6 @@ namespace {
 
 int context; // known by its address
 
-// In which order nodes go to Kill, by the shape before the call; the ids are positions in tree order.
-struct KillOrder {
-    std::vector<Node> nodes;
-
-    static bool is_before(Node node, std::size_t gap) { return static_cast<std::size_t>(id_of(node)) < gap; }
-    void sweep(Node node) { // a node before its children, the right one's before the left one's
-        const std::vector<Node> all = traversal(node, Visit::after);
-        nodes.insert(nodes.end(), all.rbegin(), all.rend());
-    }
-    // What stands before a gap, or behind it, from the end of the path upward.
-    void drop(bool before, Node node, std::size_t gap) {
-        if (!node)
-            return;
-        const AVL_Link link = link_of(node);
-        drop(before, is_before(node, gap) ? link.Right : link.Left, gap);
-        if (is_before(node, gap) != before)
-            return;
-        sweep(before ? link.Left : link.Right);
-        nodes.push_back(node);
-    }
-    void between(Node node, std::size_t first, std::size_t second) {
-        while (node && (is_before(node, first) || !is_before(node, second)))
-            node = is_before(node, first) ? link_of(node).Right : link_of(node).Left;
-        if (!node)
-            return;
-        nodes.push_back(node);
-        drop(true, link_of(node).Right, second);
-        drop(false, link_of(node).Left, first);
-    }
-};
-
-int expect_sound(Node root, const std::vector<Node> &order) { // gives the height
-    std::vector<Node> walked;
-    const int height = check_below(root, walked, 0);
-    EXPECT_TRUE(walked == order);
-    return height;
-}
-
 struct Plot : Bed {
     using Bed::Bed;
 
@@ -57,38 +19,27 @@ struct Plot : Bed {
     void expect_get(const RangeOp &op, int a, int b, const Parted &parted) {
         fresh();
         const Node result = call(op.get, a, b);
-        expect_sound(result, parted.goes);
-        expect_sound(tree->Root, parted.stays);
+        expect_tree(tree, result, parted.goes);
+        expect_tree(tree, parted.stays);
         EXPECT_TRUE(seen.calls.empty() && seen.reports.empty());
         EXPECT_TRUE(!parted.goes.empty() || op.outside || is_fresh());
         if (op.first == At::start || op.second == At::end) {
             (op.first == At::start ? AVL_ConcatGreater : AVL_ConcatLess)(tree, result);
-            expect_sound(tree->Root, order);
+            expect_tree(tree, order);
         }
     }
     void expect_del(const RangeOp &op, int a, int b, const Parted &parted) {
-        KillOrder expected;
         fresh();
-        if (op.outside) { // in two goes, the second on what the first has left
-            expected.drop(false, tree->Root, parted.second);
-            call(op.second == At::front ? by<AVL_DelEqualGreater> : by<AVL_DelGreater>, b, b);
-            expected.drop(true, tree->Root, parted.first);
-            fresh();
-        } else if (op.first == At::start || op.second == At::end) {
-            const bool before = op.first == At::start;
-            expected.drop(before, tree->Root, before ? parted.second : parted.first);
-        } else {
-            expected.between(tree->Root, parted.first, parted.second);
-        }
         call(op.del, a, b);
-        expect_sound(tree->Root, parted.stays);
-        EXPECT_TRUE(!parted.goes.empty() || is_fresh());
-        EXPECT_TRUE(seen.killed() == expected.nodes && seen.calls.size() == parted.goes.size());
-        EXPECT_TRUE(seen.reports.empty());
+        std::vector<Node> killed = seen.killed(); // the ids are positions in tree order
+        std::sort(killed.begin(), killed.end(), [](Node n, Node m) { return id_of(n) < id_of(m); });
+        EXPECT_TRUE(killed == parted.goes && seen.calls.size() == killed.size() && seen.reports.empty());
+        EXPECT_TRUE(!killed.empty() || is_fresh());
+        expect_tree(tree, parted.stays);
 
         fresh()->Funcs = AVL_GetNodeFuncPtrRetNULL(); // a Kill that does nothing: the same, without the visits
         call(op.del, a, b);
-        expect_sound(tree->Root, parted.stays);
+        expect_tree(tree, parted.stays);
         tree->Funcs = &noting_handlers;
     }
 };
@@ -111,8 +62,9 @@ TEST(Range, HoldsOnAllSmallTreesAndBounds) {
                     plot.expect_del(op, a, b, parted);
                     ASSERT_FALSE(HasFailure()) << op.name << " " << a << " " << b;
                 }
-        AVL_DelTree(plot.fresh(), &context);
-        EXPECT_TRUE(plot.tree->Root == nullptr && seen.killed().size() == plot.order.size());
+        const std::vector<Node> sweep = traversal(plot.fresh()->Root, Visit::after); // backward
+        AVL_DelTree(plot.tree, &context);
+        EXPECT_TRUE(!plot.tree->Root && seen.killed() == std::vector<Node>(sweep.rbegin(), sweep.rend()));
         EXPECT_EQ(seen.comparisons, 0);
     });
 }
@@ -124,9 +76,12 @@ TEST(Range, KillsAndJoinsAsDrawn) {
         std::vector<int> killed, rest; // the keys, in preorder
     } cases[] = {
         {by<AVL_DelLess>, 40, 0, {30, 10, 20}, {60, 40, 50, 70}},
+        {by<AVL_DelLess>, 75, 0, {70, 50, 60, 20, 30, 10, 40}, {}},
+        {by<AVL_DelGreater>, 5, 0, {10, 30, 20, 60, 70, 50, 40}, {}},
         {by<AVL_DelBetweenEqualEqual>, 20, 50, {40, 50, 30, 20}, {60, 10, 70}},
         {by<AVL_DelBetweenKey>, 40, 0, {40}, {50, 20, 10, 30, 60, 70}},
         {by<AVL_DelOutsideEqualEqual>, 20, 50, {50, 70, 60, 10, 20}, {40, 30}},
+        {by<AVL_DelOutsideLessGreater>, 20, 50, {70, 60, 10}, {40, 20, 30, 50}},
     };
     for (const auto &row : cases) {
         Plot plot(full_shape(3)); // 40 over 20 (10, 30) and 60 (50, 70)
@@ -140,19 +95,19 @@ TEST(Range, KillsAndJoinsAsDrawn) {
 TEST(Range, NothingIsReadWhereThereIsNothing) {
     Host host(AVL_CMP_HandlePointer);
     AVL_Tree *const tree = host.tree;
-    const auto expect_empty = [&](Entry *top, int dir) {
-        EXPECT_TRUE(top == tree->Stack && !top->Node && top->Dir == dir);
-        tree->Stack->Dir = 77;
-    };
     const void *const gone = nullptr;
-    tree->Stack->Dir = 77;
-    expect_empty(AVL_MakeKey(tree, gone), DIR_HERE);
-    expect_empty(AVL_MakeSuccKey(tree, gone), 77);
-    expect_empty(AVL_MakeLess(tree, gone), DIR_HERE);
-    expect_empty(AVL_MakeEqualLess(tree, gone), 77);
-    expect_empty(AVL_MakeBetweenEqualEqual(tree, gone, gone), 77);
-    expect_empty(AVL_MakeBetweenEqualLess(tree, gone, gone), 77);
-    expect_empty(AVL_MakeBetweenGreaterLess(tree, gone, gone), DIR_HERE);
+    const auto expect_empty = [&](int dir, auto make, auto... bounds) {
+        tree->Stack->Dir = 77;
+        Entry *const top = make(tree, bounds...);
+        EXPECT_TRUE(top == tree->Stack && !top->Node && top->Dir == dir);
+    };
+    expect_empty(DIR_HERE, AVL_MakeKey, gone);
+    expect_empty(77, AVL_MakeSuccKey, gone);
+    expect_empty(DIR_HERE, AVL_MakeLess, gone);
+    expect_empty(77, AVL_MakeEqualLess, gone);
+    expect_empty(77, AVL_MakeBetweenEqualEqual, gone, gone);
+    expect_empty(77, AVL_MakeBetweenEqualLess, gone, gone);
+    expect_empty(DIR_HERE, AVL_MakeBetweenGreaterLess, gone, gone);
     EXPECT_FALSE(AVL_SearchKey(tree, gone) || AVL_InsertStabil(tree, gone, nullptr) || AVL_GetLess(tree, gone));
 }
 
@@ -183,8 +138,8 @@ void cut_with_damage(Plot &plot, std::size_t gap, int code, int level) {
     Change change, change_after;
     const Node part = code == 113 ? AVL_SplitPfad(tree, bottom, top, &change, &change_after)
                                   : (code == 114 ? AVL_DropBefore : AVL_DropAfter)(tree, bottom, top, &change, nullptr);
-    EXPECT_EQ(expect_sound(part, code == 114 ? after : before), plot.height + change);
-    EXPECT_TRUE(code != 113 || expect_sound(bottom->Node, after) == plot.height + change_after);
+    EXPECT_EQ(expect_tree(tree, part, code == 114 ? after : before), plot.height + change);
+    EXPECT_TRUE(code != 113 || expect_tree(tree, bottom->Node, after) == plot.height + change_after);
     EXPECT_EQ(seen.reports, (std::vector<Report>{{code, 32}}));
 }
 // A pivot with a bad Balance counts as level: no node is lost, and where it was level the tree stays sound.
@@ -199,7 +154,7 @@ void delete_with_damage(Plot &plot, std::size_t position) {
     plot.call(by<AVL_DelBetweenKey>, key_of(pivot), 0);
     take_out(rest, position);
     if (level)
-        expect_sound(tree->Root, rest);
+        expect_tree(tree, tree->Root, rest);
     EXPECT_EQ(traversal(tree->Root, Visit::between), rest);
     EXPECT_EQ(seen.reports, (std::vector<Report>{{118, 20}}));
 }

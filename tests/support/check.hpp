@@ -40,8 +40,15 @@ inline Checked check(const AVL_Tree *tree, Node root) {
     return checked;
 }
 inline Checked check(const AVL_Tree *tree) { return check(tree, tree->Root); }
-// The whole tree is sound and holds these nodes in this order.
-inline void expect_tree(const AVL_Tree *tree, const std::vector<Node> &order) { EXPECT_EQ(check(tree).order, order); }
+// The subtree, or the whole tree, is sound and holds these nodes in this order; gives its height.
+inline int expect_tree(const AVL_Tree *tree, Node root, const std::vector<Node> &order) {
+    const Checked checked = check(tree, root);
+    EXPECT_EQ(checked.order, order);
+    return checked.height;
+}
+inline int expect_tree(const AVL_Tree *tree, const std::vector<Node> &order) {
+    return expect_tree(tree, tree->Root, order);
+}
 
 // Where a key stands in a sequence in tree order: the two boundaries of its equal run, as positions.
 struct EqualRun {
