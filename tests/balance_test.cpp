@@ -32,7 +32,11 @@ void expect_repair(Host &host, Node pivot, const Sapling &left, const Sapling &r
 TEST(DeepBalance, JoinsAllPairsOfSmallSubtrees) {
     Host host;
     const Node pivot = host.record(0);
-    const std::vector<Sapling> lefts = saplings(host, 4), rights = saplings(host, 4);
+    std::vector<Sapling> lefts, rights;
+    for_all_shapes(4, 1, [&](const Shape &shape, Keys) {
+        lefts.emplace_back(host, shape);
+        rights.emplace_back(host, shape);
+    });
     bool by_rotation = false;
     for (const Sapling &left : lefts)
         for (const Sapling &right : rights) {

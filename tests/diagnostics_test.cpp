@@ -1,4 +1,4 @@
-// Shape measures on sound and damaged trees; the picture of a position and the listing.
+// The picture of a position and the listing.
 #include "support/check.hpp"
 #include "support/memory.hpp"
 #include "support/shapes.hpp"
@@ -10,48 +10,6 @@ using namespace ovant::c;
 using namespace ovant::test;
 
 namespace {
-
-// The number of nodes on the way to the nearest missing child, the lighter side of each node first.
-int shortest_way(Node node, int level, int best, std::vector<Report> &reports) {
-    if (level >= best || !node)
-        return std::min(level, best);
-    const AVL_Link link = link_of(node);
-    if (std::abs(link.Balance) > 1)
-        return reports.push_back({5, 20}), best;
-    best = shortest_way(link.Balance < 0 ? link.Right : link.Left, level + 1, best, reports);
-    return shortest_way(link.Balance < 0 ? link.Left : link.Right, level + 1, best, reports);
-}
-
-TEST(Measures, OnAllSmallShapesSoundAndDamaged) {
-    for_all_shapes(4, 1, [](const Shape &shape, Keys keys) {
-        const Bed bed(shape, keys);
-        AVL_Tree *const tree = bed.tree;
-        const auto measure = [&](bool sound) {
-            const auto bytes = bed.bytes();
-            StackGuard guard(tree, shape.height);
-            std::vector<Report> reports;
-            seen.reports.clear();
-            EXPECT_EQ(AVL_MinDeepth(tree), shortest_way(tree->Root, 0, 127, reports));
-            EXPECT_EQ(AVL_CheckBalance(tree), sound);
-            const int height = AVL_MaxDeepth(tree);
-            EXPECT_TRUE(height == shape.height || !sound);
-            EXPECT_TRUE(bed == bytes && seen.reports == reports);
-        };
-        measure(true);
-        for (Node node : bed.order) { // one damaged node at a time
-            const int balance = link_of(node).Balance;
-            for (int wrong : {-128, -2, -1, 0, 1, 2, 127}) {
-                SCOPED_TRACE(::testing::Message() << "Balance " << wrong << " at record " << id_of(node));
-                set_balance(node, wrong);
-                measure(wrong == balance);
-            }
-            set_balance(node, balance);
-        }
-    });
-    const Bed bed(full_shape(3));
-    set_balance(bed.root, 5);
-    EXPECT_EQ(AVL_MaxDeepth(bed.tree), 3) << "counts as level";
-}
 
 TEST(Picture, TakesTheBlockItNeeds) {
     const Host empty;

@@ -121,11 +121,5 @@ template <class Visit> void for_all_shapes(int up_to_height, int longest_run, Vi
         } while (!balances.empty());
     }
 }
-// One of each shape up to a height.
-inline std::vector<Sapling> saplings(Host &host, int up_to_height) {
-    std::vector<Sapling> all;
-    for_all_shapes(up_to_height, 1, [&](const Shape &shape, Keys) { all.emplace_back(host, shape); });
-    return all;
-}
 
 } // namespace ovant::test
