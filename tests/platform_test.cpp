@@ -40,12 +40,6 @@ TEST(CodeText, NumbersBelowTheLimitInABlockOfTheirOwn) {
     }
 }
 
-int ended_by(pid_t child) {
-    int status = 0;
-    waitpid(child, &status, 0);
-    return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
-}
-
 struct Outcome {
     int signal;       // that ended the process, 0 for none
     std::string text; // on descriptors 1 and 2
@@ -84,7 +78,9 @@ template <class Run> Outcome run_apart(const char *typed, Run run) {
         }
     }
     close(ends[0]);
-    outcome.signal = ended_by(child);
+    int status = 0;
+    waitpid(child, &status, 0);
+    outcome.signal = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
     return outcome;
 }
 
@@ -99,10 +95,12 @@ void interrupt_often() {
     const itimerval often = {{0, 4000}, {0, 4000}};
     setitimer(ITIMER_REAL, &often, nullptr);
 }
-template <int Descriptor> void use_pipe() {
+template <int Descriptor> int use_pipe() { // gives its other end
     int ends[2];
-    if (pipe(ends) == 0)
-        dup2(ends[Descriptor != STDIN_FILENO], Descriptor);
+    if (pipe(ends) != 0)
+        return -1;
+    dup2(ends[Descriptor != STDIN_FILENO], Descriptor);
+    return ends[Descriptor == STDIN_FILENO];
 }
 void use_full_pipe() {
     use_pipe<STDERR_FILENO>();
@@ -112,14 +110,6 @@ void use_full_pipe() {
     fcntl(STDERR_FILENO, F_SETFL, 0);
     interrupt_often();
 }
-void use_closed_pipe() {
-    int ends[2];
-    if (pipe(ends) == 0 && dup2(ends[1], STDERR_FILENO) >= 0)
-        close(ends[0]);
-}
-
-void use_full_device() { dup2(open("/dev/full", O_WRONLY), STDERR_FILENO); }
-void ignore_hangup() { std::signal(SIGHUP, SIG_IGN); }
 
 TEST(DefaultHandler, AsksThePersonAtATerminalAndTrapsElsewhere) {
     const Outcome told = run_apart(nullptr, [] { Gen_SysError(114, 32); });
@@ -132,8 +122,8 @@ TEST(DefaultHandler, AsksThePersonAtATerminalAndTrapsElsewhere) {
         void (*arrange)();
         int signal;
         bool asked;
-    } rows[] = {{nullptr, use_closed_pipe, SIGTRAP, false},
-                {nullptr, use_full_device, SIGTRAP, false},
+    } rows[] = {{nullptr, [] { close(use_pipe<2>()); }, SIGTRAP, false},
+                {nullptr, [] { dup2(open("/dev/full", O_WRONLY), STDERR_FILENO); }, SIGTRAP, false},
 #ifndef OVANT_EMULATED // an emulator does not come back from there
                 {nullptr, use_full_pipe, SIGTRAP, false},
 #endif
@@ -142,9 +132,9 @@ TEST(DefaultHandler, AsksThePersonAtATerminalAndTrapsElsewhere) {
                 {"c\n", [] {}, SIGTRAP, true},
                 {"\n", [] {}, SIGTRAP, true},
                 {"\004", [] {}, SIGTRAP, true},
-                {"r\n", use_pipe<0>, SIGTRAP, false},
-                {"r\n", use_pipe<2>, SIGTRAP, false},
-                {"", ignore_hangup, SIGTRAP, true}};
+                {"r\n", [] { use_pipe<0>(); }, SIGTRAP, false},
+                {"r\n", [] { use_pipe<2>(); }, SIGTRAP, false},
+                {"", [] { std::signal(SIGHUP, SIG_IGN); }, SIGTRAP, true}};
     for (const auto &[typed, arrange, signal, asked] : rows) {
         SCOPED_TRACE(&typed - &rows->typed);
         const Outcome outcome = run_apart(typed, [prepare = arrange] { prepare(), Gen_SysError(114, 32); });
