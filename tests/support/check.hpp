@@ -4,7 +4,6 @@
 #include "host.hpp"
 
 #include <algorithm>
-#include <string>
 
 namespace ovant::test {
 
