@@ -11,19 +11,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 
 static unsigned long seed;
 
-static bool read_number(const char *text, unsigned long &number) {
-    char *rest = nullptr;
-    number = std::strtoul(text, &rest, 10);
-    return *text >= '0' && *text <= '9' && *rest == '\0';
-}
-
 int main(int argc, char **argv) {
-    unsigned long seconds = 0;
-    if (argc != 3 || !read_number(argv[1], seed) || !read_number(argv[2], seconds))
+    if (argc != 3)
         return std::fprintf(stderr, "usage: %s FIRST_SEED SECONDS\n", argv[0]), 2;
+    seed = std::strtoul(argv[1], nullptr, 10);
+    const std::chrono::seconds duration(std::strtol(argv[2], nullptr, 10));
     std::signal(SIGABRT, [](int) { std::fprintf(stderr, "operations: failed at seed %lu\n", seed); });
     const auto start = std::chrono::steady_clock::now();
-    for (; std::chrono::steady_clock::now() - start < std::chrono::seconds(seconds); seed++) {
+    for (; std::chrono::steady_clock::now() - start < duration; seed++) {
         std::mt19937 random(static_cast<std::mt19937::result_type>(seed));
         std::vector<std::uint8_t> input(1 + 3 * (random() % 500));
         for (std::uint8_t &byte : input)

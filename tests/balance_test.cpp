@@ -32,7 +32,11 @@ void expect_repair(Host &host, Node pivot, const Sapling &left, const Sapling &r
 TEST(DeepBalance, JoinsAllPairsOfSmallSubtrees) {
     Host host;
     const Node pivot = host.record(0);
-    const std::vector<Sapling> lefts = saplings(host, 4), rights = saplings(host, 4);
+    std::vector<Sapling> lefts, rights;
+    for_all_shapes(4, 1, [&](const Shape &shape, Keys) {
+        lefts.emplace_back(host, shape);
+        rights.emplace_back(host, shape);
+    });
     bool by_rotation = false;
     for (const Sapling &left : lefts)
         for (const Sapling &right : rights) {
@@ -45,27 +49,21 @@ TEST(DeepBalance, JoinsAllPairsOfSmallSubtrees) {
 TEST(FixPfad, CarriesEveryChangeFromEveryPosition) {
     std::mt19937 random(3);
     for_all_shapes(4, 1, [&](const Shape &shape, Keys keys) {
-        Host host;
-        const Sapling stock(host, shape, keys);
-        for (int key = 5, old = 0; key <= keys.at(stock.order.size()); key += 5)
+        Bed bed(shape, keys);
+        for (int key = 5, old = 0; key <= keys.at(bed.order.size()); key += 5)
             for (int height = 0; height <= old + 1; height++) {
-                host.tree->Root = stock.restore();
-                Entry *const top = AVL_MakeKey(host.tree, &key);
-                const Checked gone = check(host.tree, top->Node);
-                const Sapling scion(host, random_shape(height, random), {1, key, 0});
-                std::vector<Node> expected = stock.order;
-                const auto place = gone.order.empty()
-                                       ? expected.begin() + static_cast<std::ptrdiff_t>(run_of(expected, key).front)
-                                       : std::find(expected.begin(), expected.end(), gone.order[0]);
-                const auto rest = expected.erase(place, place + static_cast<std::ptrdiff_t>(gone.order.size()));
-                expected.insert(rest, scion.order.begin(), scion.order.end());
+                AVL_Tree *const tree = bed.fresh();
+                Entry *const bottom = tree->Stack, *const top = AVL_MakeKey(tree, &key);
+                old = check(tree, top->Node).height;
+                const Sapling scion(bed, random_shape(height, random), {1, key, 0});
+                if (top != bottom)
+                    Nodes(tree).hang(side_of(top[-1].Dir), top[-1].Node, scion.root);
+                const auto expected = traversal(top == bottom ? scion.root : tree->Root, Visit::between);
+                bed.restore();
 
                 top->Node = scion.root;
-                const Change change = AVL_FixPfad(host.tree, host.tree->Stack, top, height - gone.height);
-                const Checked now = check(host.tree, host.tree->Stack->Node);
-                EXPECT_TRUE(now.order == expected);
-                EXPECT_EQ(now.height, shape.height + change);
-                old = gone.height;
+                const Change change = AVL_FixPfad(tree, bottom, top, height - old);
+                EXPECT_EQ(expect_tree(tree, bottom->Node, expected), shape.height + change);
             }
     });
 }

@@ -9,30 +9,6 @@ using namespace ovant::test;
 
 namespace {
 
-const void *key_in(Node node) { return static_cast<char *>(node) + key_off; } // an odd offset
-
-// Asks for every pair of the keys, which come in tree order, and builds a tree of them.
-template <class Key> void expect_order(AVL_CmpFunc cmp, const std::vector<Key> &keys, bool by_value = false) {
-    Host host(cmp);
-    std::vector<Node> nodes, built;
-    const auto sought = [=](Node node) -> const void * {
-        return by_value
-                   ? reinterpret_cast<const void *>(std::uintptr_t{load<std::uint32_t>(node, ovant::test::key_off)})
-                   : key_in(node);
-    };
-    for (const Key &key : keys) {
-        nodes.push_back(host.record_of(key));
-        AVL_InsertUnique(host.tree, sought(nodes.back()), nodes.back());
-    }
-    check_below(host.tree->Root, built, 0);
-    EXPECT_EQ(built, nodes);
-    for (std::size_t i = 0; i < nodes.size(); i++) {
-        EXPECT_EQ(AVL_SearchKey(host.tree, sought(nodes[i])), nodes[i]);
-        for (std::size_t j = 0; j < nodes.size(); j++)
-            EXPECT_EQ(cmp(key_in(nodes[i]), sought(nodes[j])), (i < j) - (i > j)) << i << " and " << j;
-    }
-}
-
 template <class Key> std::vector<Key> reversed(const std::vector<Key> &keys) { return {keys.rbegin(), keys.rend()}; }
 
 TEST(Compare, IntegersByWidthAndSign) {

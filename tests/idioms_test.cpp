@@ -5,6 +5,7 @@
 #include "support/shapes.hpp"
 
 #include <limits>
+#include <set>
 
 using namespace ovant;
 using namespace ovant::test;
@@ -12,37 +13,31 @@ using namespace ovant::test;
 namespace {
 
 bool is_clear(Node node) { return node && !link_of(node).Left && !link_of(node).Right && !link_of(node).Balance; }
-Node at(const std::vector<Node> &order, std::size_t position) { // position -1 wraps round to no node
-    return position < order.size() ? order[position] : nullptr;
-}
 
 TEST(Idioms, FindThisVeryNodeAmongItsEquals) {
     for_all_shapes(4, 4, [](const Shape &shape, Keys keys) {
-        Host host;
-        AVL_Tree *const tree = host.tree;
-        const Sapling sapling(host, shape, keys);
+        Bed bed(shape, keys);
+        AVL_Tree *const tree = bed.tree;
         for (const int side : {OVANT_DIR_LEFT, OVANT_DIR_RIGHT}) {
-            tree->Root = sapling.restore();
-            const Node end = at(sapling.order, side < 0 ? 0 : sapling.order.size() - 1);
-            EXPECT_TRUE(ovant_take(tree, side) == end && (!end || is_clear(end)));
+            const Node end = at(bed.order, side < 0 ? 0 : bed.order.size() - 1);
+            EXPECT_TRUE(ovant_take(bed.fresh(), side) == end && (!end || is_clear(end)));
         }
-        for (std::size_t i = 0; i < sapling.order.size(); i++) {
-            std::vector<Node> order = sapling.order;
-            tree->Root = sapling.restore();
-            const Node node = order[i], equal = host.record(key_of(node)); // which is in no tree
-            const int key = key_of(node), first = key_of(order[0]), other = first < key ? first : key + 1;
-            seen.comparisons = 0;
+        for (std::size_t i = 0; i < bed.order.size(); i++) {
+            std::vector<Node> order = bed.order;
+            bed.fresh();
+            const Node node = order[i], equal = bed.record(key_of(node)); // which is in no tree
+            const int key = sense * key_of(node), other = sense * (keys.first + (key_of(node) == keys.first));
             EXPECT_EQ(ovant_path(tree, &key, node)->Node, node);
             EXPECT_LE(seen.comparisons, 2 * shape.height);
             EXPECT_EQ(ovant_neighbour(tree, &key, node, OVANT_DIR_LEFT), at(order, i - 1));
             EXPECT_EQ(ovant_neighbour(tree, &key, node, OVANT_DIR_RIGHT), at(order, i + 1));
             EXPECT_FALSE(ovant_remove(tree, &key, equal) || ovant_remove(tree, &other, node));
             EXPECT_FALSE(ovant_neighbour(tree, &key, equal, OVANT_DIR_LEFT));
-            EXPECT_TRUE(sapling.untouched());
+            EXPECT_TRUE(bed.is_fresh());
 
             EXPECT_EQ(ovant_remove(tree, &key, node), node);
             EXPECT_TRUE(is_clear(node) && seen.calls.empty());
-            order.erase(order.begin() + static_cast<std::ptrdiff_t>(i));
+            take_out(order, i);
             expect_tree(tree, order);
         }
     });
@@ -50,25 +45,24 @@ TEST(Idioms, FindThisVeryNodeAmongItsEquals) {
 
 TEST(Idioms, BeginAtAKeyAndReplaceItsMatch) {
     for_all_shapes(4, 3, [](const Shape &shape, Keys keys) {
-        Host host;
-        AVL_Tree *const tree = host.tree;
-        const Sapling sapling(host, shape, keys);
-        for (int key = keys.first - 5; key <= keys.at(sapling.order.size()); key += 5) {
-            std::vector<Node> order = sapling.order;
-            tree->Root = sapling.restore();
-            const EqualRun run = run_of(order, key);
+        Bed bed(shape, keys);
+        for (int upward = keys.first - 5; upward <= keys.at(bed.order.size()); upward += 5) {
+            AVL_Tree *const tree = bed.fresh();
+            std::vector<Node> order = bed.order;
+            const EqualRun run = run_of(order, upward);
+            const int key = sense * upward;
             EXPECT_EQ(ovant_from(tree, &key, OVANT_DIR_RIGHT)->Node, at(order, run.front));
             EXPECT_EQ(ovant_from(tree, &key, OVANT_DIR_LEFT)->Node, at(order, run.back - 1));
 
-            const Node match = AVL_SearchKey(tree, &key), fresh = host.record(key);
+            const Node match = AVL_SearchKey(tree, &key), fresh = bed.record(upward);
             seen.answer = fresh; // of Malloc and Realloc: what those of the ready tables would give
             EXPECT_EQ(ovant_replace(tree, &key, fresh), match);
             EXPECT_FALSE(ovant_replace(tree, &key, fresh)) << "it is there already";
             EXPECT_TRUE(!match || is_clear(match));
             if (match)
-                *std::find(order.begin(), order.end(), match) = fresh;
+                std::replace(order.begin(), order.end(), match, fresh);
             else
-                order.insert(order.begin() + static_cast<std::ptrdiff_t>(run.front), fresh);
+                put_in(order, run.front, fresh);
             expect_tree(tree, order);
         }
     });
@@ -89,14 +83,8 @@ TEST(Idioms, MakeOnlyWhatIsNotFoundAndExchangeRoots) {
 
 template <class T> void expect_ascending(AVL_CmpFunc compare) {
     using Limits = std::numeric_limits<T>;
-    const T values[] = {Limits::min(), static_cast<T>(Limits::min() + 1), 0, 1, Limits::max() / 2, Limits::max()};
-    char node_key[1 + sizeof(T)], key[1 + sizeof(T)]; // the one or the other is at an odd address
-    for (const T &in_node : values)
-        for (const T &sought : values) {
-            store(node_key, 1, in_node);
-            store(key, 0, sought);
-            EXPECT_EQ(compare(node_key + 1, key), sought < in_node ? -1 : sought > in_node) << in_node << ' ' << sought;
-        }
+    std::set<T> values{Limits::min(), Limits::min() + 1, 0, 1, Limits::max() / 2, Limits::max()};
+    expect_order<T>(compare, {values.begin(), values.end()});
 }
 TEST(Idioms, ComparatorsPutTheSmallestFirst) {
     expect_ascending<std::int32_t>(ovant_compare_int32);

@@ -15,6 +15,11 @@ template <auto Make> Node insert_stack(AVL_Tree *tree, const void *key, void *co
     return node;
 }
 
+// The toggle, where the key is absent.
+Node toggle(AVL_Tree *tree, const void *key, void *context) {
+    return AVL_SearchKey(tree, key) || AVL_InsertGetKey(tree, key, context) ? nullptr : AVL_SearchKey(tree, key);
+}
+
 enum class Present { new_in_front, new_beside, new_behind, refused, told, asked }; // what a key that is there does
 const struct Member {
     Node (*insert)(AVL_Tree *, const void *, void *);
@@ -27,34 +32,35 @@ const struct Member {
     {AVL_InsertKey, Present::asked},
     {insert_stack<AVL_MakeLess>, Present::new_in_front},
     {insert_stack<AVL_MakeEqualLess>, Present::new_behind},
+    {toggle, Present::refused},
 };
 
-// One insertion of a new record, with everything it may and may not do; keeps the order up to date.
-void insert_and_expect(Host &host, std::vector<Node> &order, const Member &member, int key) {
+// One insertion of a new record, with everything it may and may not do.
+void expect_insertion(const Member &member, const Shape &shape, Keys keys, int key) {
     SCOPED_TRACE(::testing::Message() << "member " << &member - family << ", key " << key);
-    AVL_Tree *tree = host.tree;
-    const Node node = host.record(key), root = tree->Root;
+    Bed bed(shape, keys);
+    AVL_Tree *const tree = bed.tree;
+    std::vector<Node> order = bed.order;
+    const Node node = bed.record(key);
     const void *sought = static_cast<char *>(node) + key_off;
     const Node match = AVL_SearchKey(tree, sought);
-    const int height = check(tree).height;
-    const auto bytes = host.bytes();
+    const auto bytes = bed.bytes();
     const auto insert = [&](std::optional<Node> answer) {
         seen = {};
         seen.answer = answer;
-        StackGuard guard(tree, height);
+        StackGuard guard(tree, shape.height);
         return member.insert(tree, sought, node);
     };
     const EqualRun run = run_of(order, key);
     std::size_t place = member.present == Present::new_in_front ? run.front : run.back;
     if (match && member.present == Present::new_beside) // on its lighter side
-        place = static_cast<std::size_t>(std::find(order.begin(), order.end(), match) - order.begin()) +
-                (link_of(match).Balance <= 0);
-    const auto unchanged = [&] { return tree->Root == root && host == bytes; };
+        place = static_cast<std::size_t>(id_of(match)) + (link_of(match).Balance <= 0);
+    const auto unchanged = [&] { return bed.is_fresh() && bed == bytes; };
     if (!match || member.present < Present::refused) {
         EXPECT_TRUE(insert(nullptr) == nullptr && unchanged()) << "Malloc refuses";
         EXPECT_EQ(insert({}), node);
         EXPECT_EQ(seen.calls, std::vector{(Call{Handler::malloc, nullptr, sought, node})});
-        order.insert(order.begin() + static_cast<std::ptrdiff_t>(place), node);
+        put_in(order, place, node);
     } else {
         EXPECT_EQ(insert({}), member.present == Present::refused ? nullptr : match);
         EXPECT_TRUE(unchanged());
@@ -74,11 +80,8 @@ void insert_and_expect(Host &host, std::vector<Node> &order, const Member &membe
 TEST(Insert, EveryKeyIntoAllSmallShapes) {
     for_all_shapes(4, 3, [](const Shape &shape, Keys keys) {
         for (const Member &member : family)
-            for (int key = keys.first - 5; key <= keys.at(shape.balances.size()); key += 5) {
-                Host host(orders[keys.run - 1]);
-                std::vector<Node> order = plant(host, shape, keys);
-                insert_and_expect(host, order, member, key);
-            }
+            for (int key = keys.first - 5; key <= keys.at(shape.balances.size()); key += 5)
+                expect_insertion(member, shape, keys, key);
     });
 }
 

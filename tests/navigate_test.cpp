@@ -7,18 +7,9 @@ using namespace ovant::test;
 
 namespace {
 
-// A tree and what recursion knows of it.
-struct World {
-    Host host;
-    std::vector<Node> order;
-    AVL_Tree *const tree = host.tree;
-    const int height;
+struct World : Bed {
+    using Bed::Bed;
 
-    World(const Shape &shape, Keys keys)
-        : host(orders[keys.run - 1]), order(plant(host, shape, keys)), height(shape.height) {}
-
-    Node at(std::size_t position) const { return position < order.size() ? order[position] : nullptr; }
-    Node before(std::size_t position) const { return at(position - 1); } // position 0 wraps round to no node
     // Where a descent meets the range first; the ids are positions in tree order.
     std::size_t nearest(EqualRun range) const {
         Node node = tree->Root;
@@ -40,52 +31,53 @@ struct World {
     // The entry is an open Pfad at the gap before this position: the only empty link there.
     void expect_open(const Entry *top, std::size_t gap) const {
         expect_path(top, nullptr, false);
-        EXPECT_TRUE(top == tree->Stack || top[-1].Node == (top[-1].Dir == DIR_LEFT ? at(gap) : before(gap)));
+        EXPECT_TRUE(top == tree->Stack ||
+                    top[-1].Node == (top[-1].Dir == DIR_LEFT ? at(order, gap) : at(order, gap - 1)));
     }
 };
 
 void expect_key_answers(const World &world, int key) {
-    AVL_Tree *const tree = world.tree;
     const int sought = sense * key;
-    const EqualRun run = run_of(world.order, key);
+    const std::vector<Node> &order = world.order;
+    const EqualRun run = run_of(order, key);
     const bool present = run.front != run.back;
     const auto if_present = [=](Node node) { return present ? node : nullptr; };
     // Where the key is found, or its gap; and the neighbours.
     const std::size_t match = present ? world.nearest(run) : run.front;
-    const Node pred = world.before(match), succ = world.at(match + present);
+    const Node pred = at(order, match - 1), succ = at(order, match + present);
     const struct {
         Node node;
         void *(*search)(const AVL_Tree *, const void *);
         AVL_PfadEntry *(*make)(AVL_Tree *, const void *);
         bool opens = false; // an open Pfad where there is no node, and not an empty one
     } rows[] = {
-        {if_present(world.at(match)), AVL_SearchKey, AVL_MakeKey, true},
-        {if_present(world.at(run.front)), nullptr, AVL_MakeFirstKey, true},
-        {if_present(world.before(run.back)), nullptr, AVL_MakeLastKey, true},
+        {if_present(at(order, match)), AVL_SearchKey, AVL_MakeKey, true},
+        {if_present(at(order, run.front)), nullptr, AVL_MakeFirstKey, true},
+        {if_present(at(order, run.back - 1)), nullptr, AVL_MakeLastKey, true},
         {pred, AVL_SearchPred, AVL_MakePred},
         {succ, AVL_SearchSucc, AVL_MakeSucc},
         {if_present(pred), AVL_SearchPredKey, AVL_MakePredKey},
         {if_present(succ), AVL_SearchSuccKey, AVL_MakeSuccKey},
-        {world.before(run.front), AVL_SearchLess, nullptr},
-        {world.at(run.front), AVL_SearchGreaterEqual, nullptr},
-        {world.before(run.back), AVL_SearchLessEqual, nullptr},
-        {world.at(run.back), AVL_SearchGreater, nullptr},
+        {at(order, run.front - 1), AVL_SearchLess, nullptr},
+        {at(order, run.front), AVL_SearchGreaterEqual, nullptr},
+        {at(order, run.back - 1), AVL_SearchLessEqual, nullptr},
+        {at(order, run.back), AVL_SearchGreater, nullptr},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(::testing::Message() << "key " << key << ", question " << &row - rows);
         if (row.make) {
-            const Entry *top = row.make(tree, &sought);
+            const Entry *top = row.make(world.tree, &sought);
             if (row.node)
                 world.expect_path(top, row.node);
             else if (row.opens)
                 world.expect_open(top, match);
             else
-                EXPECT_TRUE(top == tree->Stack && !top->Node);
+                EXPECT_TRUE(top == world.tree->Stack && !top->Node);
         }
         if (row.search) {
-            StackGuard guard(tree, -1); // a search writes no entry, so a held Pfad stays good
+            StackGuard guard(world.tree, -1); // a search writes no entry, so a held Pfad stays good
             seen.comparisons = 0;
-            EXPECT_EQ(row.search(tree, &sought), row.node);
+            EXPECT_EQ(row.search(world.tree, &sought), row.node);
             EXPECT_LE(seen.comparisons, world.height) << "one comparison per level";
         }
     }
@@ -93,18 +85,18 @@ void expect_key_answers(const World &world, int key) {
 
 TEST(Navigate, PathsAndSearchesOnAllSmallShapes) {
     for_all_shapes(4, 3, [](const Shape &shape, Keys keys) {
-        World world(shape, keys);
+        const World world(shape, keys);
         AVL_Tree *const tree = world.tree;
         StackGuard guard(tree, shape.height);
-        const auto bytes = world.host.bytes();
+        const auto bytes = world.bytes();
         for (int key = keys.first - 5; key <= keys.at(world.order.size()); key += 5)
             expect_key_answers(world, key);
-        const Node first = world.at(0), last = world.before(world.order.size());
+        const Node first = at(world.order, 0), last = at(world.order, world.order.size() - 1);
         world.expect_path(AVL_MakeMin(tree), first);
         world.expect_path(AVL_MakeMax(tree), last);
         world.expect_path(AVL_MakeRoot(tree), tree->Root);
         EXPECT_TRUE(AVL_SearchMin(tree) == first && AVL_SearchMax(tree) == last);
-        EXPECT_TRUE(world.host == bytes) << "looking changes nothing";
+        EXPECT_TRUE(world == bytes) << "looking changes nothing";
     });
 }
 
@@ -163,7 +155,7 @@ TEST(Navigate, WalksOnAllSmallShapes) {
             // From an empty link, as if a leaf hung there and had just been visited.
             for (int key = keys.first - 5; shape.height && key <= keys.at(world.order.size()); key += 10) {
                 Entry *position = AVL_MakeKey(tree, &key);
-                const Node parent = position[-1].Node, leaf = world.host.record(key);
+                const Node parent = position[-1].Node, leaf = world.record(key);
                 const AVL_Link link = link_of(parent);
                 Nodes(tree).hang(side_of(position[-1].Dir), parent, leaf);
                 const std::vector<Node> rest = behind(walk.nodes(tree), leaf);
@@ -189,13 +181,13 @@ TEST(Navigate, StepsSteerByHand) {
     world.expect_open(position = AVL_WalkRight(tree, position), 3);
     EXPECT_TRUE(position->Dir == DIR_HERE && !AVL_WalkLeft(tree, position) && !AVL_WalkRight(tree, position));
     position = AVL_WalkUp(tree, position);
-    world.expect_path(position, world.at(2));
+    world.expect_path(position, world.order[2]);
     EXPECT_EQ(AVL_WalkUp(tree, AVL_WalkUp(tree, position)), tree->Stack);
     EXPECT_TRUE(AVL_WalkUp(tree, tree->Stack) == tree->Stack && !tree->Stack->Node && tree->Root);
 
     position = AVL_MakeMin(tree);
     tree->Stack[1].Dir = DIR_HERE; // no side: a step in tree order passes it on its way up
-    EXPECT_EQ(AVL_WalkSuccInorder(tree, position)->Node, world.at(3));
+    EXPECT_EQ(AVL_WalkSuccInorder(tree, position)->Node, world.order[3]);
 }
 
 } // namespace

@@ -4,142 +4,67 @@
 #include "support/ranges.hpp"
 #include "support/shapes.hpp"
 
-#if !defined(_WIN32)
-#include <sys/mman.h>
-#endif
-
 namespace ovant::test {
 namespace {
 
 int context; // known by its address
 
-// In which order nodes go to Kill, by the shape before the call; the ids are positions in tree order.
-struct KillOrder {
-    std::vector<Node> nodes;
-
-    static bool is_before(Node node, std::size_t gap) { return static_cast<std::size_t>(id_of(node)) < gap; }
-    void sweep(Node node) {
-        if (!node)
-            return;
-        nodes.push_back(node);
-        sweep(link_of(node).Right);
-        sweep(link_of(node).Left);
-    }
-    // What stands before a gap, or behind it, from the end of the path upward.
-    void drop(bool before, Node node, std::size_t gap) {
-        if (!node)
-            return;
-        const AVL_Link link = link_of(node);
-        drop(before, is_before(node, gap) ? link.Right : link.Left, gap);
-        if (is_before(node, gap) != before)
-            return;
-        sweep(before ? link.Left : link.Right);
-        nodes.push_back(node);
-    }
-    void between(Node node, std::size_t first, std::size_t second) {
-        while (node && (is_before(node, first) || !is_before(node, second)))
-            node = is_before(node, first) ? link_of(node).Right : link_of(node).Left;
-        if (!node)
-            return;
-        nodes.push_back(node);
-        drop(true, link_of(node).Right, second);
-        drop(false, link_of(node).Left, first);
-    }
-};
-
-// A tree that every call finds in its first shape.
-struct Plot {
-    Plot(const Shape &shape, Keys keys_ = {}) : host(orders[keys_.run - 1]), keys(keys_), first(host, shape, keys_) {}
-
-    AVL_Tree *fresh() {
-        host.tree->Root = first.restore();
-        seen = {};
-        return host.tree;
-    }
-    int expect_sound(Node root, const std::vector<Node> &order) { // gives the height
-        walked.clear();
-        const int height = check_below(root, walked, 0);
-        EXPECT_TRUE(walked == order);
-        return height;
-    }
-    void expect_untouched() { EXPECT_TRUE(host.tree->Root == first.root && first.untouched()); }
+struct Plot : Bed {
+    using Bed::Bed;
 
     Node call(RangeCall operation, int a, int b) {
-        const int first_bound = sense * a, second_bound = sense * b;
-        return operation(host.tree, &first_bound, &second_bound, &context);
+        const int first = sense * a, second = sense * b;
+        return operation(tree, &first, &second, &context);
     }
     void expect_get(const RangeOp &op, int a, int b, const Parted &parted) {
-        AVL_Tree *tree = fresh();
+        fresh();
         const Node result = call(op.get, a, b);
-        expect_sound(result, parted.goes);
-        expect_sound(tree->Root, parted.stays);
+        expect_tree(tree, result, parted.goes);
+        expect_tree(tree, parted.stays);
         EXPECT_TRUE(seen.calls.empty() && seen.reports.empty());
-        if (parted.goes.empty() && !op.outside)
-            expect_untouched();
+        EXPECT_TRUE(!parted.goes.empty() || op.outside || is_fresh());
         if (op.first == At::start || op.second == At::end) {
             (op.first == At::start ? AVL_ConcatGreater : AVL_ConcatLess)(tree, result);
-            expect_sound(tree->Root, first.order);
+            expect_tree(tree, order);
         }
     }
     void expect_del(const RangeOp &op, int a, int b, const Parted &parted) {
-        AVL_Tree *tree = fresh();
-        KillOrder expected;
-        if (op.outside) { // in two goes, the second on what the first has left
-            expected.drop(false, tree->Root, parted.second);
-            call(op.second == At::front ? by<AVL_DelEqualGreater> : by<AVL_DelGreater>, b, b);
-            expected.drop(true, tree->Root, parted.first);
-            fresh();
-        } else if (op.first == At::start || op.second == At::end) {
-            const bool before = op.first == At::start;
-            expected.drop(before, tree->Root, before ? parted.second : parted.first);
-        } else {
-            expected.between(tree->Root, parted.first, parted.second);
-        }
+        fresh();
         call(op.del, a, b);
-        expect_sound(tree->Root, parted.stays);
-        if (parted.goes.empty())
-            expect_untouched();
-        EXPECT_TRUE(seen.killed() == expected.nodes && seen.calls.size() == expected.nodes.size());
-        EXPECT_TRUE(expected.nodes.size() == parted.goes.size() && seen.reports.empty());
+        std::vector<Node> killed = seen.killed(); // the ids are positions in tree order
+        std::sort(killed.begin(), killed.end(), [](Node n, Node m) { return id_of(n) < id_of(m); });
+        EXPECT_TRUE(killed == parted.goes && seen.calls.size() == killed.size() && seen.reports.empty());
+        EXPECT_TRUE(!killed.empty() || is_fresh());
+        expect_tree(tree, parted.stays);
 
         fresh()->Funcs = AVL_GetNodeFuncPtrRetNULL(); // a Kill that does nothing: the same, without the visits
         call(op.del, a, b);
-        expect_sound(tree->Root, parted.stays);
+        expect_tree(tree, parted.stays);
         tree->Funcs = &noting_handlers;
     }
-    // The operations of one bound are tried where both are the same.
-    void expect_all(int a, int b) {
-        for (const RangeOp &op : range_ops) {
-            if (op.bounds == 1 && a != b)
-                continue;
-            const Parted parted = part(first.order, op, a, b);
-            if (op.get)
-                expect_get(op, a, b, parted);
-            expect_del(op, a, b, parted);
-            if (::testing::Test::HasFailure())
-                FAIL() << op.name << " " << a << " " << b;
-        }
-    }
-
-    Host host;
-    Keys keys;
-    Sapling first;
-    std::vector<Node> walked;
 };
 
 TEST(Range, HoldsOnAllSmallTreesAndBounds) {
     for_all_shapes(4, 3, [](const Shape &shape, Keys keys) {
         Plot plot(shape, keys);
-        const StackGuard guard(plot.host.tree, shape.height);
+        const StackGuard guard(plot.tree, shape.height);
         // Every key, every gap between two of them and a bound beyond either end; of the pairs in the wrong order the
-        // close ones, and the ones as far apart as can be.
-        const int low = keys.first - 5, high = keys.at(plot.first.order.size()) + 5;
+        // close ones, and the ones as far apart as can be.  The operations of one bound where both are the same.
+        const int low = keys.first - 5, high = keys.at(plot.order.size()) + 5;
         for (int a = low; a <= high; a += 5)
-            for (int b = low; b <= high && !::testing::Test::HasFailure(); b += 5)
-                if (b == low || b >= a - 10)
-                    plot.expect_all(a, b);
-        AVL_DelTree(plot.fresh(), &context);
-        EXPECT_TRUE(plot.host.tree->Root == nullptr && seen.killed().size() == plot.first.order.size());
+            for (int b = low; b <= high; b += 5)
+                for (const RangeOp &op : range_ops) {
+                    if ((op.bounds == 1 && a != b) || (b != low && b < a - 10))
+                        continue;
+                    const Parted parted = part(plot.order, op, a, b);
+                    if (op.get)
+                        plot.expect_get(op, a, b, parted);
+                    plot.expect_del(op, a, b, parted);
+                    ASSERT_FALSE(HasFailure()) << op.name << " " << a << " " << b;
+                }
+        const std::vector<Node> sweep = traversal(plot.fresh()->Root, Visit::after); // backward
+        AVL_DelTree(plot.tree, &context);
+        EXPECT_TRUE(!plot.tree->Root && seen.killed() == std::vector<Node>(sweep.rbegin(), sweep.rend()));
         EXPECT_EQ(seen.comparisons, 0);
     });
 }
@@ -148,22 +73,20 @@ TEST(Range, KillsAndJoinsAsDrawn) {
     const struct {
         RangeCall run;
         int first, second;
-        std::vector<int> killed;
-        const char *root;
+        std::vector<int> killed, rest; // the keys, in preorder
     } cases[] = {
-        {by<AVL_DelLess>, 40, 0, {30, 10, 20}, "60-(40+(,50),70)"},
-        {by<AVL_DelGreater>, 40, 0, {50, 70, 60}, "20+(10,40-(30,))"},
-        {by<AVL_DelLess>, 75, 0, {70, 50, 60, 20, 30, 10, 40}, ""},
-        {by<AVL_DelBetweenEqualEqual>, 20, 50, {40, 50, 30, 20}, "60(10,70)"},
-        {by<AVL_DelBetweenKey>, 40, 0, {40}, "50(20(10,30),60+(,70))"},
-        {by<AVL_DelOutsideEqualEqual>, 20, 50, {50, 70, 60, 10, 20}, "40-(30,)"},
-        {by<AVL_DelOutsideLessGreater>, 20, 50, {70, 60, 10}, "40-(20+(,30),50)"},
+        {by<AVL_DelLess>, 40, 0, {30, 10, 20}, {60, 40, 50, 70}},
+        {by<AVL_DelLess>, 75, 0, {70, 50, 60, 20, 30, 10, 40}, {}},
+        {by<AVL_DelGreater>, 5, 0, {10, 30, 20, 60, 70, 50, 40}, {}},
+        {by<AVL_DelBetweenEqualEqual>, 20, 50, {40, 50, 30, 20}, {60, 10, 70}},
+        {by<AVL_DelBetweenKey>, 40, 0, {40}, {50, 20, 10, 30, 60, 70}},
+        {by<AVL_DelOutsideEqualEqual>, 20, 50, {50, 70, 60, 10, 20}, {40, 30}},
+        {by<AVL_DelOutsideLessGreater>, 20, 50, {70, 60, 10}, {40, 20, 30, 50}},
     };
     for (const auto &row : cases) {
-        Host host;
-        plant(host, full_shape(3));
-        row.run(host.tree, &row.first, &row.second, &context);
-        EXPECT_EQ(picture_of(host.tree->Root), row.root);
+        Plot plot(full_shape(3)); // 40 over 20 (10, 30) and 60 (50, 70)
+        row.run(plot.tree, &row.first, &row.second, &context);
+        EXPECT_EQ(keys_of(traversal(plot.tree->Root, Visit::before)), row.rest);
         EXPECT_EQ(keys_of(seen.killed()), row.killed);
         EXPECT_EQ(seen.calls.front().context, &context);
     }
@@ -172,111 +95,78 @@ TEST(Range, KillsAndJoinsAsDrawn) {
 TEST(Range, NothingIsReadWhereThereIsNothing) {
     Host host(AVL_CMP_HandlePointer);
     AVL_Tree *const tree = host.tree;
-    const auto expect_empty = [&](Entry *top, int dir) {
-        EXPECT_TRUE(top == tree->Stack && !top->Node && top->Dir == dir);
-        tree->Stack->Dir = 77;
-    };
     const void *const gone = nullptr;
-    tree->Stack->Dir = 77;
-    expect_empty(AVL_MakeKey(tree, gone), DIR_HERE);
-    expect_empty(AVL_MakeSuccKey(tree, gone), 77);
-    expect_empty(AVL_MakeLess(tree, gone), DIR_HERE);
-    expect_empty(AVL_MakeEqualLess(tree, gone), 77);
-    expect_empty(AVL_MakeBetweenEqualEqual(tree, gone, gone), 77);
-    expect_empty(AVL_MakeBetweenEqualLess(tree, gone, gone), 77);
-    expect_empty(AVL_MakeBetweenGreaterLess(tree, gone, gone), DIR_HERE);
+    const auto expect_empty = [&](int dir, auto make, auto... bounds) {
+        tree->Stack->Dir = 77;
+        Entry *const top = make(tree, bounds...);
+        EXPECT_TRUE(top == tree->Stack && !top->Node && top->Dir == dir);
+    };
+    expect_empty(DIR_HERE, AVL_MakeKey, gone);
+    expect_empty(77, AVL_MakeSuccKey, gone);
+    expect_empty(DIR_HERE, AVL_MakeLess, gone);
+    expect_empty(77, AVL_MakeEqualLess, gone);
+    expect_empty(77, AVL_MakeBetweenEqualEqual, gone, gone);
+    expect_empty(77, AVL_MakeBetweenEqualLess, gone, gone);
+    expect_empty(DIR_HERE, AVL_MakeBetweenGreaterLess, gone, gone);
     EXPECT_FALSE(AVL_SearchKey(tree, gone) || AVL_InsertStabil(tree, gone, nullptr) || AVL_GetLess(tree, gone));
 }
 
-// A page of memory that ends the test where it is touched after its node has gone.
-struct Page {
-    void close(void *node) { // the node moves there first
-        std::memcpy(start, node, sizeof(Record));
-        mprotect(start, 4096, PROT_NONE);
-    }
-    ~Page() { munmap(start, 4096); }
-    void *const start = mmap(nullptr, 4096, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-};
 TEST(Range, WhatGoesUnvisitedIsNotRead) {
-    Host host;
-    const std::vector<Node> order = plant(host, full_shape(3)); // 40 over 20 (10, 30) and 60 (50, 70)
-    host.tree->Funcs = AVL_GetNodeFuncPtrRetNULL();
-    Page page;
-    set_link(order[3], page.start, link_of(order[3]).Right, 0);
-    page.close(order[1]);
-    const int key = 45;
-    AVL_DelLess(host.tree, &key, nullptr);
-    expect_tree(host.tree, {order[4], order[5], order[6]});
-    host.tree->Root = page.start;
-    AVL_DelTree(host.tree, nullptr);
-    EXPECT_EQ(host.tree->Root, nullptr);
-}
-TEST(Range, AKeyMayGoWithTheOnlyNode) {
-    constexpr AVL_NodeFuncs unmapping = {on_malloc, on_realloc, on_free,
-                                         [](Node node, void *page) { static_cast<Page *>(page)->close(node); }};
-    for (const RangeCall del : {by<AVL_DelBetweenKey>, by<AVL_DelBetweenEqualEqual>}) {
-        Host host(AVL_CMP_HandlePointer);
-        Page page;
-        host.tree->Funcs = &unmapping;
-        host.tree->Root = std::memcpy(page.start, host.record(7), sizeof(Record));
-        const auto *const key = reinterpret_cast<const int *>(static_cast<char *>(page.start) + key_off);
-        del(host.tree, key, key, &page);
-        EXPECT_EQ(host.tree->Root, nullptr);
-    }
+    Plot plot(full_shape(3));
+    AVL_Tree *const tree = plot.tree;
+    const Node nowhere = reinterpret_cast<Node>(8);
+    tree->Funcs = AVL_GetNodeFuncPtrRetNULL();
+    set_link(plot.root, nowhere, link_of(plot.root).Right, 0);
+    plot.call(by<AVL_DelLess>, 45, 0);
+    expect_tree(tree, {plot.order[4], plot.order[5], plot.order[6]});
+    tree->Root = nowhere;
+    AVL_DelTree(tree, nullptr);
+    EXPECT_EQ(tree->Root, nullptr);
 }
 
 // DIR_HERE on a boundary path is reported and counts as right, for DropAfter as left: in place of what it counts as, it
 // changes nothing.
 void cut_with_damage(Plot &plot, std::size_t gap, int code, int level) {
     AVL_Tree *const tree = plot.fresh();
-    const int key = plot.keys.at(gap), height = plot.first.height;
+    const int key = plot.keys.at(gap);
     Entry *const bottom = tree->Stack, *const top = AVL_MakeLess(tree, &key), *const damaged = bottom + level;
     if (damaged > top || damaged->Dir != (code == 115 ? DIR_LEFT : DIR_RIGHT))
         return;
     damaged->Dir = DIR_HERE;
-    const auto middle = plot.first.order.begin() + static_cast<std::ptrdiff_t>(gap);
-    const std::vector<Node> before(plot.first.order.begin(), middle), after(middle, plot.first.order.end());
+    const auto middle = plot.order.begin() + static_cast<std::ptrdiff_t>(gap);
+    const std::vector<Node> before(plot.order.begin(), middle), after(middle, plot.order.end());
     Change change, change_after;
-    if (code == 113) {
-        const Node split = AVL_SplitPfad(tree, bottom, top, &change, &change_after);
-        EXPECT_EQ(plot.expect_sound(split, before), height + change);
-        EXPECT_EQ(plot.expect_sound(bottom->Node, after), height + change_after);
-    } else {
-        const Node kept = (code == 114 ? AVL_DropBefore : AVL_DropAfter)(tree, bottom, top, &change, &context);
-        EXPECT_EQ(plot.expect_sound(kept, code == 114 ? after : before), height + change);
-    }
+    const Node part = code == 113 ? AVL_SplitPfad(tree, bottom, top, &change, &change_after)
+                                  : (code == 114 ? AVL_DropBefore : AVL_DropAfter)(tree, bottom, top, &change, nullptr);
+    EXPECT_EQ(expect_tree(tree, part, code == 114 ? after : before), plot.height + change);
+    EXPECT_TRUE(code != 113 || expect_tree(tree, bottom->Node, after) == plot.height + change_after);
     EXPECT_EQ(seen.reports, (std::vector<Report>{{code, 32}}));
 }
-TEST(Range, HereOnAPathIsReportedAndCountsAsOneSide) {
-    for_all_shapes(4, 1, [](const Shape &shape, Keys) {
-        Plot plot(shape);
-        for (std::size_t gap = 0; gap <= plot.first.order.size(); gap++)
+// A pivot with a bad Balance counts as level: no node is lost, and where it was level the tree stays sound.
+void delete_with_damage(Plot &plot, std::size_t position) {
+    const AVL_Tree *const tree = plot.fresh();
+    std::vector<Node> rest = plot.order;
+    const Node pivot = rest[position];
+    const bool level = link_of(pivot).Balance == 0;
+    if (!level && pivot != tree->Root)
+        return;
+    set_balance(pivot, position % 2 ? -2 : 3);
+    plot.call(by<AVL_DelBetweenKey>, key_of(pivot), 0);
+    take_out(rest, position);
+    if (level)
+        expect_tree(tree, tree->Root, rest);
+    EXPECT_EQ(traversal(tree->Root, Visit::between), rest);
+    EXPECT_EQ(seen.reports, (std::vector<Report>{{118, 20}}));
+}
+TEST(Range, DamageIsReportedAndCountsAsOneSideOrAsLevel) {
+    for_all_shapes(4, 1, [](const Shape &shape, Keys keys) {
+        Plot plot(shape, keys);
+        for (std::size_t gap = 0; gap <= plot.order.size(); gap++)
             for (int code : {113, 114, 115})
                 for (int level = 0; level < shape.height; level++)
                     cut_with_damage(plot, gap, code, level);
-    });
-}
-
-// A pivot with a bad Balance counts as level: no node is lost, and where it was level the tree stays sound.
-TEST(Range, BadBalanceOfThePivotIsReportedAndCountsAsLevel) {
-    for_all_shapes(4, 1, [](const Shape &shape, Keys keys) {
-        Plot plot(shape, keys);
-        for (std::size_t i = 0; i < plot.first.order.size(); i++) {
-            AVL_Tree *const tree = plot.fresh();
-            std::vector<Node> rest = plot.first.order;
-            const Node pivot = rest[i];
-            const bool level = link_of(pivot).Balance == 0;
-            if (!level && pivot != tree->Root)
-                continue;
-            set_balance(pivot, i % 2 ? -2 : 3);
-            const int key = keys.at(i);
-            AVL_DelBetweenKey(tree, &key, &context);
-            rest.erase(rest.begin() + static_cast<std::ptrdiff_t>(i));
-            if (level)
-                plot.expect_sound(tree->Root, rest);
-            EXPECT_EQ(inorder(tree->Root), rest);
-            EXPECT_EQ(seen.reports, (std::vector<Report>{{118, 20}}));
-        }
+        for (std::size_t position = 0; position < plot.order.size(); position++)
+            delete_with_damage(plot, position);
     });
 }
 

@@ -34,107 +34,80 @@ bool reaches(const Removal &removal, std::size_t position, std::size_t nodes) {
 }
 
 // One removal, where Free answers that this node stays at the place, 0 for none.
-void expect_removal(Host &host, const Removal &removal, const Sapling &sapling, std::size_t position, Node stays) {
-    host.tree->Root = sapling.restore();
-    const Node victim = sapling.order[position];
-    const int key = key_of(victim);
+void expect_removal(Bed &bed, const Removal &removal, std::size_t position, Node stays) {
+    const AVL_Tree *const tree = bed.fresh();
+    std::vector<Node> order = bed.order;
+    const Node victim = order[position];
+    const AVL_Link link = link_of(victim);
+    const int key = sense * key_of(victim);
     Record left_behind = load<Record>(victim);
     if (removal.frees && stays != victim)
         spoil_link(&left_behind);
-    std::vector<Node> order = sapling.order;
     if (stays)
         store(order[position] = stays, 0, load<Record>(victim)); // header, key and all
     else
-        order.erase(order.begin() + static_cast<std::ptrdiff_t>(position));
+        take_out(order, position);
 
-    seen = {};
     seen.answer = stays;
-    EXPECT_EQ(removal.run(host.tree, &key), removal.frees ? nullptr : victim);
-    expect_tree(host.tree, order);
-    EXPECT_TRUE(stays != victim || (host.tree->Root == sapling.root && sapling.untouched()));
+    EXPECT_EQ(removal.run(bed.tree, &key), removal.frees ? nullptr : victim);
+    expect_tree(tree, order);
+    EXPECT_TRUE(stays != victim || bed.is_fresh());
     EXPECT_EQ(std::memcmp(victim, &left_behind, sizeof left_behind), 0) << "the node that left was written";
     EXPECT_EQ(seen.calls, std::vector<Call>(removal.frees, {Handler::free, victim, removal.word, &context}));
+    const bool replaced = victim == bed.root && link.Left && link.Right && !stays; // from the higher side
+    EXPECT_TRUE(!replaced || tree->Root == bed.order[link.Balance < 0 ? position - 1 : position + 1]);
 }
 
-void remove_each(const Shape &shape) {
-    Host host;
-    const Sapling sapling(host, shape);
-    const Node spare = host.record(0);
-    const StackGuard guard(host.tree, shape.height);
+void remove_each(const Shape &shape, Keys keys = {}) {
+    Bed bed(shape, keys);
+    const Node spare = bed.record(0);
+    const StackGuard guard(bed.tree, shape.height);
     for (const Removal &removal : removals)
-        for (std::size_t i = 0; i < sapling.order.size() && !::testing::Test::HasFailure(); i++) {
+        for (std::size_t i = 0; i < bed.order.size() && !::testing::Test::HasFailure(); i++) {
             SCOPED_TRACE(::testing::Message() << removal.name << " at position " << i);
-            if (!reaches(removal, i, sapling.order.size()))
+            if (!reaches(removal, i, bed.order.size()))
                 continue;
-            expect_removal(host, removal, sapling, i, nullptr);
-            for (Node stays : {sapling.order[i], spare})
+            expect_removal(bed, removal, i, nullptr);
+            for (Node stays : {bed.order[i], spare})
                 if (removal.frees)
-                    expect_removal(host, removal, sapling, i, stays);
+                    expect_removal(bed, removal, i, stays);
         }
+}
+void remove_nothing(const Shape &shape, Keys keys) {
+    const Bed bed(shape, keys);
+    const int absent = keys.at(bed.order.size() / 2) - 5;
+    seen.answer = nullptr; // the toggle asks Malloc, and there is no node
+    for (const Removal &removal : removals)
+        EXPECT_FALSE((bed.order.empty() || removal.end == 0) && removal.run(bed.tree, &absent)) << removal.name;
+    EXPECT_TRUE(bed.is_fresh());
+    EXPECT_EQ(seen.calls, (std::vector<Call>{{Handler::malloc, nullptr, &absent, &context}}));
 }
 TEST(Removal, LeavesSoundTreesAtEveryNode) {
     std::mt19937 random(1);
-    for_all_shapes(4, 1, [](const Shape &shape, Keys) { remove_each(shape); });
+    for_all_shapes(4, 1, remove_each);
+    for_all_shapes(4, 1, remove_nothing);
     for (const Shape &shape : {leaning_shape(9, -1), leaning_shape(9, 1), full_shape(6), random_shape(7, random)})
         remove_each(shape);
 }
 
-TEST(Removal, PutsTheNeighbourFromTheHigherSideInPlace) {
-    const auto without = [](const Shape &shape, int key) {
-        Host host;
-        plant(host, shape);
-        AVL_GetPfad(host.tree, AVL_MakeKey(host.tree, &key));
-        return picture_of(host.tree->Root);
-    };
-    const Shape leaning{4, {-1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}}; // 80 over full trees of heights 3 and 2
-    EXPECT_EQ(without(leaning, 80), "70-(40(20(10,30),60-(50,)),100(90,110))");
-    EXPECT_EQ(without(leaning, 100), "80-(40(20(10,30),60(50,70)),110-(90,))");
-    EXPECT_EQ(without(leaning_shape(3, -1), 40), "20(10,30)");
-}
-
 // Such a node cannot be taken out: it is handed out and stays; where Free ends it, what hangs below goes along.
 TEST(Removal, OfADamagedBalanceLosesNothingButBelowAFreedNode) {
-    Host host;
-    const Sapling sapling(host, full_shape(3));
+    Bed bed(full_shape(3));
     for (const Removal &removal : removals)
-        for (std::size_t i = 0; i < sapling.order.size() && removal.end == 0; i++)
+        for (std::size_t i = 0; i < bed.order.size() && removal.end == 0; i++)
             for (const int wrong : {-128, -2, 2, 127}) {
-                host.tree->Root = sapling.restore();
-                const Node victim = sapling.order[i];
+                AVL_Tree *const tree = bed.fresh();
+                const Node victim = bed.order[i];
                 set_balance(victim, wrong);
-                const std::deque<Record> before = host.bytes();
-                const std::vector<Node> below = inorder(victim);
+                const std::deque<Record> before = bed.bytes();
+                std::vector<Node> rest = bed.order;
+                for (Node below : traversal(victim, Visit::between))
+                    std::erase(rest, removal.frees ? below : nullptr);
                 const int key = key_of(victim);
-                EXPECT_EQ(removal.run(host.tree, &key), removal.frees ? nullptr : victim);
-                std::vector<Node> rest = sapling.order;
-                for (Node gone : below)
-                    std::erase(rest, removal.frees ? gone : nullptr);
-                EXPECT_EQ(inorder(host.tree->Root), rest);
-                EXPECT_TRUE(removal.frees || host == before);
+                EXPECT_EQ(removal.run(tree, &key), removal.frees ? nullptr : victim);
+                EXPECT_EQ(traversal(tree->Root, Visit::between), rest);
+                EXPECT_TRUE(removal.frees || bed == before);
             }
-}
-
-TEST(Removal, DoesNothingWithoutANode) {
-    for_all_shapes(3, 1, [](const Shape &shape, Keys keys) {
-        Host host;
-        std::vector<Node> order = plant(host, shape);
-        const std::deque<Record> before = host.bytes();
-        const int absent = keys.at(order.size() / 2) - 5;
-        for (const Removal &removal : removals)
-            if (order.empty() || removal.end == 0) {
-                seen.answer = nullptr; // the toggle asks Malloc, and there is no node
-                EXPECT_EQ(removal.run(host.tree, &absent), nullptr) << removal.name;
-            }
-        expect_tree(host.tree, order);
-        EXPECT_TRUE(host == before);
-        EXPECT_EQ(seen.calls, (std::vector<Call>{{Handler::malloc, nullptr, &absent, &context}}));
-
-        const Node node = host.record(absent);
-        seen.answer = node;
-        EXPECT_EQ(AVL_InsertGetKey(host.tree, &absent, &context), nullptr);
-        order.insert(order.begin() + static_cast<std::ptrdiff_t>(order.size() / 2), node);
-        expect_tree(host.tree, order);
-    });
 }
 
 } // namespace

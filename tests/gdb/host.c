@@ -14,7 +14,6 @@ void *root;
 
 #define LINK_OFFSET offsetof(Event, link)
 #define INSERT(tree, event) AVL_Insert(tree, &(event).time, &(event))
-#define ROOT(tree) ((tree)->Root)
 #include "host.h"
 
 void look_here(void);

@@ -22,14 +22,6 @@ Day trees[6];
 
 #define LINK_OFFSET sizeof(void *)
 #define INSERT(tree, event) (tree).insert(event)
-#define ROOT(tree) (&*root_of(tree))
-
-static Event *root_of(Day &day) {
-    Event *const root = day.release();
-    day.adopt(root);
-    return root;
-}
-
 #include "host.h"
 
 extern "C" void look_here();
@@ -45,7 +37,7 @@ int main() {
     names.insert(second);
     auto position = trees[sound].find(20u);
     ++position;
-    const Event *const root = root_of(trees[sound]);
+    trees[sound].adopt(trees[sound].release()); // the position is older now
+    [[maybe_unused]] const Event *const root = &events[sound][3];
     look_here();
-    return root == nullptr;
 }

@@ -4,7 +4,6 @@
 #include "host.hpp"
 
 #include <algorithm>
-#include <string>
 
 namespace ovant::test {
 
@@ -40,8 +39,15 @@ inline Checked check(const AVL_Tree *tree, Node root) {
     return checked;
 }
 inline Checked check(const AVL_Tree *tree) { return check(tree, tree->Root); }
-// The whole tree is sound and holds these nodes in this order.
-inline void expect_tree(const AVL_Tree *tree, const std::vector<Node> &order) { EXPECT_EQ(check(tree).order, order); }
+// The subtree, or the whole tree, is sound and holds these nodes in this order; gives its height.
+inline int expect_tree(const AVL_Tree *tree, Node root, const std::vector<Node> &order) {
+    const Checked checked = check(tree, root);
+    EXPECT_EQ(checked.order, order);
+    return checked.height;
+}
+inline int expect_tree(const AVL_Tree *tree, const std::vector<Node> &order) {
+    return expect_tree(tree, tree->Root, order);
+}
 
 // Where a key stands in a sequence in tree order: the two boundaries of its equal run, as positions.
 struct EqualRun {
@@ -55,6 +61,16 @@ inline EqualRun run_of(const std::vector<Node> &order, int key) {
     return {boundary(key), boundary(key + 1)};
 }
 
+inline Node at(const std::vector<Node> &order, std::size_t position) { // position -1 wraps round to no node
+    return position < order.size() ? order[position] : nullptr;
+}
+inline void put_in(std::vector<Node> &order, std::size_t position, Node node) {
+    order.insert(order.begin() + static_cast<std::ptrdiff_t>(position), node);
+}
+inline void take_out(std::vector<Node> &order, std::size_t position) {
+    order.erase(order.begin() + static_cast<std::ptrdiff_t>(position));
+}
+
 // The three classic orders, by recursion, of a subtree that need not be sound.
 enum class Visit { before, between, after };
 inline std::vector<Node> traversal(Node node, Visit visit) {
@@ -66,7 +82,6 @@ inline std::vector<Node> traversal(Node node, Visit visit) {
     nodes.insert(visit == Visit::before ? nodes.begin() : visit == Visit::between ? middle : nodes.end(), node);
     return nodes;
 }
-inline std::vector<Node> inorder(Node root) { return traversal(root, Visit::between); }
 
 inline std::vector<int> keys_of(const std::vector<Node> &nodes) {
     std::vector<int> keys;
@@ -75,15 +90,26 @@ inline std::vector<int> keys_of(const std::vector<Node> &nodes) {
     return keys;
 }
 
-// A tree as text, "60-(40+(,50),70)": keys with the sign of their Balance, then the children.
-inline std::string picture_of(Node node) {
-    if (!node)
-        return "";
-    const AVL_Link link = link_of(node);
-    std::string text = std::to_string(key_of(node));
-    if (link.Balance != 0)
-        text += std::abs(link.Balance) > 1 ? "?" : link.Balance < 0 ? "-" : "+";
-    return link.Left || link.Right ? text + "(" + picture_of(link.Left) + "," + picture_of(link.Right) + ")" : text;
+// A comparator on every pair of these keys, which come in tree order, and on a tree of them.
+template <class Key> void expect_order(AVL_CmpFunc cmp, const std::vector<Key> &keys, bool by_value = false) {
+    Host host(cmp);
+    std::vector<Node> nodes, built;
+    const auto key_in = [](Node node) -> const void * { return static_cast<char *>(node) + key_off; };
+    const auto sought = [=](Node node) {
+        const auto value = load<std::uint32_t>(node, key_off);
+        return by_value ? reinterpret_cast<const void *>(std::uintptr_t{value}) : key_in(node);
+    };
+    for (const Key &key : keys) {
+        nodes.push_back(host.record_of(key));
+        AVL_InsertUnique(host.tree, sought(nodes.back()), nodes.back());
+    }
+    check_below(host.tree->Root, built, 0);
+    EXPECT_EQ(built, nodes);
+    for (std::size_t i = 0; i < nodes.size(); i++) {
+        EXPECT_EQ(AVL_SearchKey(host.tree, sought(nodes[i])), nodes[i]);
+        for (std::size_t j = 0; j < nodes.size(); j++)
+            EXPECT_EQ(cmp(key_in(nodes[i]), sought(nodes[j])), (i < j) - (i > j)) << i << " and " << j;
+    }
 }
 
 // Paints the entries above a height, up to the 43 that every build has; the end of its life fails the test where one

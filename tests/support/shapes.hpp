@@ -81,12 +81,20 @@ private:
         return node;
     }
 };
-// Makes the shape the host's tree and gives its nodes in tree order.
-inline std::vector<Node> plant(Host &host, const Shape &shape, Keys keys = {}) {
-    const Sapling sapling(host, shape, keys);
-    host.tree->Root = sapling.root;
-    return sapling.order;
-}
+// A host whose tree every call finds in its first shape; the order of its keys goes with the length of the runs.
+struct Bed : Host, Sapling {
+    explicit Bed(const Shape &shape, Keys keys_ = {})
+        : Host(orders[(keys_.run - 1) % 3]), Sapling(*this, shape, keys_), keys(keys_) {
+        fresh();
+    }
+    AVL_Tree *fresh() {
+        tree->Root = restore();
+        seen = {};
+        return tree;
+    }
+    bool is_fresh() const { return tree->Root == root && untouched(); }
+    const Keys keys;
+};
 
 // Every shape up to a height, 1, 1, 3, 15, 315 for the heights 0 to 4, with equal runs of 1 to longest nodes:
 // visit(shape, keys).
@@ -112,12 +120,6 @@ template <class Visit> void for_all_shapes(int up_to_height, int longest_run, Vi
                 balances.back()++;
         } while (!balances.empty());
     }
-}
-// One of each shape up to a height.
-inline std::vector<Sapling> saplings(Host &host, int up_to_height) {
-    std::vector<Sapling> all;
-    for_all_shapes(up_to_height, 1, [&](const Shape &shape, Keys) { all.emplace_back(host, shape); });
-    return all;
 }
 
 } // namespace ovant::test
