@@ -1,4 +1,5 @@
 // Descriptors, path stacks, depth arithmetic, the public handlers.
+#include "ovant/engine/depth.hpp"
 #include "support/check.hpp"
 #include "support/memory.hpp"
 
@@ -45,6 +46,9 @@ TEST(Frame, HoldsCopiesAndTakenTrees) {
     AVL_ClrTree(tree);
     EXPECT_TRUE(!tree->Root && seen.calls.empty()) << "the nodes are the host's";
 }
+
+// The least tree of 86 levels, at 24 bytes a node, is larger than 2^64 bytes, and the one of 85 is not.
+static_assert(sizeof(void *) != 8 || ovant::engine::greatest_height(24) == 86);
 
 TEST(Frame, DepthArithmeticAgreesWithTheLeastTrees) {
     double least = 1, smaller = 0;

@@ -224,7 +224,7 @@ def c_suite(tree, objects, file):
     first = {"update": "removal", "engine": "range"}.get(room, room)
     tests = [work / f"sound/{t}.o" for t in sorted(c_tests, key=lambda t: t != first)]
     memory = work / "sound/memory.o"
-    verdict = attempt(tree, [*tests, memory], objects, wraps)
+    verdict = attempt(tree, [*tests, memory], objects, wraps + ",--wrap=write")
     if verdict:
         return verdict
     if room in seam_rooms:
@@ -241,7 +241,8 @@ def typed_suite(tree):
             return "does not compile"
         if verdict := attempt(tree, [test], [], *(["-Wl,--wrap=malloc"] if name == "model" else [])):
             return verdict
-    return None
+    everything = root / "tests/header/everything.cpp"
+    return None if compile_test(tree, everything, tree / "everything.o") else "does not compile"
 
 
 def judge(mutant):

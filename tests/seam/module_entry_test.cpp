@@ -40,7 +40,7 @@ void debug_output(const char *text) {
     error_value = 5;
 }
 void module_file_name(const void *module, char *buffer, std::size_t size) {
-    steps.push_back(module == &library_handle ? "library" : "host");
+    steps.push_back(module == &library_handle ? "library" : module ? "?" : "host");
     if (names_told && size == 260)
         std::strcpy(buffer, module == &library_handle ? "c:\\Dir\\Lib.Dll" : "c:\\App\\Host.exe");
 }

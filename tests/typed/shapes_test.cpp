@@ -31,7 +31,9 @@ void expect_cut(Plot<Tree> &plot, const First &first, std::size_t begin, const L
             EXPECT_EQ(sum, digest_of(plot.part(begin, begin + std::size_t{sum})));
             return sum >= inner.size();
         };
-        EXPECT_TRUE(plot.tree.first_passing(first, [](const Digest &) { return false; }) == plot.tree.end());
+        const auto never = [](const Digest &) { return false; };
+        EXPECT_TRUE(plot.tree.first_passing(first, never) == plot.tree.end());
+        EXPECT_TRUE(plot.tree.first_passing(plot.tree.begin(), never) == plot.tree.end());
         EXPECT_TRUE(inner.empty() || &*plot.tree.first_passing(first, all) == inner.back());
     }
     plot.tree.erase(first, last, [](void *x) { spoil_link(x); });
@@ -81,6 +83,9 @@ TYPED_TEST(Costs, AComparisonALevelAndNextToNoneBesideAPosition) {
             EXPECT_LE(std::exchange(seen.comparisons, 0), plot.first.height);
             keys.push_back(key);
             bounds.push_back(bound == tree.end() ? nullptr : &*bound);
+            const TypeParam &fixed = tree;
+            EXPECT_TRUE(fixed.find(key) == tree.find(key) && fixed.lower_bound(key) == bound &&
+                        fixed.upper_bound(key) == tree.upper_bound(key) && fixed.first_after(before(key)) == bound);
         }
         std::vector<Record *> found(keys.size());
         EXPECT_EQ(tree.find_many(keys, found.data()), found.data() + found.size());
@@ -89,6 +94,9 @@ TYPED_TEST(Costs, AComparisonALevelAndNextToNoneBesideAPosition) {
         for (std::size_t i = 0; i < keys.size(); i++)
             EXPECT_TRUE(keys[i] % 10 ? !found[i] : found[i] && found[i]->key() == keys[i]);
         seen.comparisons = 0;
+        for (auto it = tree.lower_bound(0); it != tree.end() && shape.height < 20; ++it) { // it finds its path once
+        }
+        EXPECT_LE(std::exchange(seen.comparisons, 0), 3 * plot.first.height + 3);
         tree.clear();
         auto hint = tree.end();
         for (const Node n : plot.first.order) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -153,7 +154,14 @@ struct Person {
 bool older(const Person &a, const Person &b) { return a.born < b.born; }
 constexpr auto length = [](const Person &p) { return p.name.size(); };
 
+struct Seat {
+    std::atomic<int> number; // a key that cannot be copied
+    ovant::link link;
+};
+
 TEST(Keys, AreWhateverARecordHas) {
+    Seat one{1, {}}, two{2, {}};
+    expect_order(set<&Seat::link, &Seat::number>(), {&one, &two});
     Person ada{"Ada", 1815, {}, {}}, bob{"Bobby", 1790, {}, {}}, cy{"Cy", 1800, {}, {}};
     expect_order(set<&Person::link, &Person::name>(), {&ada, &bob, &cy});
     expect_order(set<&Person::link, &Person::name, std::greater<>>(), {&cy, &bob, &ada});
@@ -177,6 +185,47 @@ TEST(Keys, AreWhateverARecordHas) {
     const auto [it, inserted] = names.insert(ada);
     EXPECT_TRUE(&*it == &ada && !inserted);
 }
+
+// What may throw says so: the walk as the key and the comparator do, a search by the parts that it is given.
+struct Spoken {
+    int quiet;
+    ovant::link link;
+    int hushed() const noexcept { return quiet; }
+    int loud() const { return quiet; }
+};
+struct LoudLess {
+    bool operator()(int a, int b) const { return a < b; }
+};
+template <auto Key, class Compare = std::compare_three_way> using Voiced = set<&Spoken::link, Key, Compare>;
+template <class Tree, class... Sought> constexpr bool walks = noexcept(++std::declval<typename Tree::iterator &>());
+template <class Tree, class... Values>
+constexpr bool finds = noexcept(std::declval<const Tree &>().find(std::declval<ovant::key_values<Values...> &>()));
+template <auto... Parts> using Parted = Voiced<ovant::keys<Parts...>>;
+using Quiet = Parted<&Spoken::quiet, &Spoken::hushed>;
+using LoudAtLast = Parted<&Spoken::quiet, &Spoken::hushed, &Spoken::loud>;
+using LoudAtFirst = Parted<&Spoken::loud, &Spoken::quiet>;
+static_assert(walks<Voiced<&Spoken::hushed>> && !walks<Voiced<&Spoken::loud>>);
+static_assert(!walks<Voiced<&Spoken::quiet, LoudLess>> && !walks<LoudAtLast> && !walks<LoudAtFirst>);
+static_assert(walks<Quiet>);
+static_assert(finds<Quiet, int, int> && finds<LoudAtLast, int>);
+static_assert(finds<LoudAtLast, int, int> && !finds<LoudAtLast, int, int, int> && !finds<LoudAtFirst, int>);
+
+// A comparator that takes what is sought on one side alone, and quietly there.
+struct Year {
+    int year;
+};
+struct ByYear {
+    int operator()(int a, int b) const noexcept { return a - b; }
+    int operator()(Year a, int b) const noexcept { return a.year - b; }
+};
+struct Slowly {
+    operator int() const { return 1; }
+};
+template <class Tree, class K>
+constexpr bool finds_one = noexcept(std::declval<const Tree &>().find(std::declval<K>()));
+static_assert(finds_one<Voiced<&Spoken::quiet, ByYear>, Year> && finds_one<Voiced<&Spoken::quiet>, short>);
+static_assert(!finds_one<Voiced<&Spoken::quiet>, Slowly> &&
+              finds_one<set<&Person::link, &Person::name>, std::string_view>);
 
 struct Offer {
     int price, number;
