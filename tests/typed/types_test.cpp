@@ -263,8 +263,8 @@ TEST(Ownership, EndsEachRecordOnce) {
             tree.insert(*new Owned(i / 2));
         tree.erase(tree.find(9));
         EXPECT_EQ(tree.erase(tree.front().key), 2u); // the key goes with its record
-        tree.erase(before(2), after(3));
-        tree.extract(ovant::start, after(4));
+        tree.erase(before(5), after(6));
+        tree.extract(ovant::start, after(2));
         const std::unique_ptr<Owned> mine(tree.pop_back());
         EXPECT_TRUE(other.clone_from(tree, [](const Owned &x) { return new Owned(x.key); }));
         EXPECT_EQ(Owned::alive, 8 + 1 + 8);

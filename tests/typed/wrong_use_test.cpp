@@ -62,6 +62,7 @@ TEST(WrongUse, EndsTheProcessWithAWord) {
          "the record that was made has another key than the one asked for"},
         {[](Scene &s) { s.counted.begin() += 2; }, "a position goes beyond the end of its tree"},
         {[](Scene &s) { s.counted.nth(2); }, "there is no record of this rank"},
+        {[](Scene &s) { s.counted.refresh(*static_cast<Summed *>(s.nodes[8])); }, "the record is not in the tree"},
         {[](Scene &s) { s.tree.adopt(s.other.release()); }, "a tree that adopts a root must be empty"},
     };
     for (const auto &[wrong, word] : rows) {

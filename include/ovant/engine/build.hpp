@@ -78,14 +78,14 @@ template <class Nodes, class Entry> void refresh_below(Nodes nodes, Entry *botto
         Entry *top = bottom;
         for (top->Node = root;;) {
             while (top->Node)
-                top = step_down(nodes, top, Side::left, dir_here);
+                top = step_down(nodes, top, Side::left);
             for (;; nodes.refresh(top->Node)) {
                 if (top == bottom)
                     return;
                 if ((--top)->Dir == sign(Side::left))
                     break;
             }
-            top = step_down(nodes, top, Side::right, dir_here);
+            top = step_down(nodes, top, Side::right);
         }
     }
 }

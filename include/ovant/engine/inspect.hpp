@@ -30,7 +30,7 @@ Entry *tour(Nodes nodes, Entry *bottom, int *height, // NOLINT(readability-non-c
         while (top->Node) {
             if (!enter(top))
                 return top;
-            top = step_down(nodes, top, Side::left, dir_here);
+            top = step_down(nodes, top, Side::left);
         }
         int below = 0; // the height of what hangs at top
         for (;; --top) {
@@ -45,7 +45,7 @@ Entry *tour(Nodes nodes, Entry *bottom, int *height, // NOLINT(readability-non-c
         }
         --top;
         height[top - bottom] = below;
-        top = step_down(nodes, top, Side::right, dir_here);
+        top = step_down(nodes, top, Side::right);
     }
 }
 

@@ -18,7 +18,7 @@ template <class Entry> Entry *here(Entry *top) {
 }
 
 // One step down to side s, also where there is no child; dir goes into the new entry.
-template <class Nodes, class Entry> Entry *step_down(Nodes nodes, Entry *top, Side s, int dir) {
+template <class Nodes, class Entry> Entry *step_down(Nodes nodes, Entry *top, Side s, int dir = dir_here) {
     top->Dir = sign(s);
     top[1] = {nodes.child(s, top->Node), dir};
     return top + 1;

@@ -105,7 +105,7 @@ Entry *first_passing(Nodes nodes, Entry *bottom, Entry *top, const Passes &passe
         return nullptr;
     Node pending = top->Node;
     for (Side way = Side::right;;) {
-        top = step_down(nodes, top, way, dir_here);
+        top = step_down(nodes, top, way);
         if (!top->Node)
             return nullptr;
         const Node left = nodes.template child<Side::left>(top->Node);
