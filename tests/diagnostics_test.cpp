@@ -36,10 +36,10 @@ TEST(Picture, TakesTheBlockItNeeds) {
     EXPECT_STREQ(AVL_GetString(tree, position, given), "      +-128+");
 }
 
-// Fills the whole buffer; says nothing of 45.
+// Fills the whole buffer; says nothing of 25.
 const char *show_key(char *buffer, void *node, void *) {
     std::snprintf(buffer, 268, "key=%-263d", key_of(node));
-    return key_of(node) == 45 ? nullptr : buffer;
+    return key_of(node) == 25 ? nullptr : buffer;
 }
 std::string listing(AVL_Tree *tree, int width) {
     char text[3000] = "";
@@ -61,9 +61,9 @@ TEST(Listing, ShowsTheTreeOnItsSide) {
               "00000000         + 0+     key=5\n"
               "00000001      +-1+        key=10\n"
               "00000002   +-1+           key=20\n"
-              "00000003   |  + 0+        key=25\n"
               "00000004+ 0+              key=30\n"
               "00000005   |  + 1+        key=40\n"
+              "00000006   |  |  + 0+     key=45\n"
               "00000007   + 0+           key=50\n"
               "00000008      |  + 0+     key=60\n"
               "00000009      + 0+        key=70\n"

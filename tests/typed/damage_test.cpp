@@ -101,7 +101,10 @@ TEST(Damage, OfASummaryIsFoundAtItsRecord) {
             store(n, id_off, id_of(n) + 1);
             const auto found = plot.tree.check();
             EXPECT_TRUE(found.record == n && std::string(found.reason) == "wrong summary") << found.reason;
+            plot.tree.refresh(*static_cast<Summed *>(n));
+            EXPECT_FALSE(plot.tree.check());
             store(n, id_off, id_of(n) - 1);
+            plot.tree.refresh(*static_cast<Summed *>(n));
         }
     });
 }

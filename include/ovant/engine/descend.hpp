@@ -95,10 +95,5 @@ Trail descend(Nodes nodes, Node n, const Order &order, Trail trail) {
 // A path to an empty link, told by the entry that it begins at and the last one that holds a node; both are the same,
 // without a node, where there is no node at all.
 template <class Entry> struct Boundary { Entry *bottom, *top; };
-template <Rule R, class Nodes, class Entry, class Order>
-Boundary<Entry> boundary(Nodes nodes, Entry *bottom, Node root, const Order &order) {
-    Entry *const top = descend<R>(nodes, root, order, PathTrail<Entry>{bottom}).top;
-    return {bottom, top == bottom ? bottom : top - 1};
-}
 
 } // namespace ovant::engine
