@@ -246,6 +246,9 @@ TEST(Keys, OfSeveralPartsAreSoughtByTheFirstFew) {
     EXPECT_TRUE(&*book.find(ovant::key(1, 2)) == &offers[6] && book.count(before(ovant::key(0, 3)), after(1)) == 5);
     EXPECT_TRUE(book.extract(ovant::key(2, 2)) == &offers[10] && book.erase(1) == 4 && book.count(2) == 3);
     EXPECT_FALSE(book.contains(ovant::key(1, 0)) || book.check());
+    std::ostringstream drawn;
+    book.draw(drawn);
+    EXPECT_NE(drawn.str().find("-- 2 3"), std::string::npos);
 }
 
 struct Owned {
@@ -274,6 +277,20 @@ TEST(Ownership, EndsEachRecordOnce) {
         tree.merge(other);
     }
     EXPECT_EQ(Owned::alive, 0);
+}
+TEST(Ownership, EndsTheLosersOfSetAlgebra) {
+    set<&Owned::link, &Owned::key, std::compare_three_way, std::default_delete<Owned>> tree, other;
+    for (int i = 0; i < 6; i++) {
+        tree.insert(*new Owned(i));
+        other.insert(*new Owned(i + 3));
+    }
+    tree.unite(std::move(other));
+    EXPECT_EQ(Owned::alive, 9);
+    other.insert(*new Owned(4));
+    tree.intersect(other);
+    EXPECT_EQ(Owned::alive, 2);
+    tree.subtract(other);
+    EXPECT_EQ(Owned::alive, 1);
 }
 TEST(Ownership, ACloneIsAllOrNothing) {
     Owner tree, copy;

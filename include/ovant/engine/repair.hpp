@@ -21,8 +21,7 @@ template <class Nodes, class Entry> [[gnu::noinline]] Turned sink(Nodes nodes, E
     Entry *level = work;
     do {
         const Turned turned = turn(nodes, h, a);
-        *level++ = {turned.root, turned.change};
-        a = nodes.child(!h, turned.root);
+        *level++ = {turned.root, turned.change}; // above a, which is its inner child now
     } while (nodes.lean(h, a) > 1);
 
     --level;
