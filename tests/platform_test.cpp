@@ -156,9 +156,9 @@ TEST(DefaultHandler, AsksThePersonAtATerminalAndTrapsElsewhere) {
     }
 }
 
-std::string own_name(std::size_t size = 260) {
-    std::string name(size, 'x');
-    ovant::c::platform::module_file_name(nullptr, name.data(), size);
+std::string own_name(std::size_t size = 260, const void *module = nullptr) {
+    std::string name(260, 'x');
+    ovant::c::platform::module_file_name(module, name.data(), size);
     return name.substr(0, name.find('\0'));
 }
 TEST(ModuleName, IsToldWithoutProc) {
@@ -171,6 +171,8 @@ TEST(ModuleName, IsToldWithoutProc) {
         GTEST_SKIP() << "nobody may change the root folder here";
     EXPECT_TRUE(outcome.text.ends_with("ovant_tests")) << outcome.text;
     EXPECT_TRUE(own_name().ends_with("/ovant_tests") && own_name(9) == own_name().substr(0, 8));
+    static const int here = 0; // in the module that asks
+    EXPECT_EQ(own_name(5, &here), own_name(260, &here).substr(0, 4));
     char name[] = "as it was";
     ovant::c::platform::module_file_name(name, name, sizeof name); // which lies in no module
     EXPECT_STREQ(name, "as it was");

@@ -160,6 +160,7 @@ private:
         for (Walker &w : walkers_)
             stroll(w);
         any_walker() = any_walker();
+        EXPECT_TRUE(order_.empty() ? tree_.rbegin() == tree_.rend() : &*tree_.rbegin() == order_.back());
         if constexpr (is_summed<Tree>)
             expect_ranks();
     }
@@ -207,7 +208,7 @@ private:
         const Node n = fresh(w.at && below(3) ? key_of(w.at) + below(3) - 1 : below(keys));
         const EqualRun run = run_of(order_, key_of(n));
         if (below(2))
-            call([&] { tree_.push(w.it, typed(n)); });
+            EXPECT_EQ(call([&] { return tree_.push(w.it, typed(n)); }), !unique || run.front == run.back);
         else
             w.it = call([&] { return tree_.insert(w.it, typed(n)); });
         if (unique && run.front != run.back) {

@@ -216,16 +216,33 @@ struct Year {
 };
 struct ByYear {
     int operator()(int a, int b) const noexcept { return a - b; }
+};
+struct YearFirst : ByYear {
+    using ByYear::operator();
     int operator()(Year a, int b) const noexcept { return a.year - b; }
+};
+struct YearLast : ByYear {
+    using ByYear::operator();
+    int operator()(int a, Year b) const noexcept { return a - b.year; }
 };
 struct Slowly {
     operator int() const { return 1; }
 };
 template <class Tree, class K>
 constexpr bool finds_one = noexcept(std::declval<const Tree &>().find(std::declval<K>()));
-static_assert(finds_one<Voiced<&Spoken::quiet, ByYear>, Year> && finds_one<Voiced<&Spoken::quiet>, short>);
+static_assert(finds_one<Voiced<&Spoken::quiet, YearFirst>, Year> && finds_one<Voiced<&Spoken::quiet>, short>);
 static_assert(!finds_one<Voiced<&Spoken::quiet>, Slowly> &&
               finds_one<set<&Person::link, &Person::name>, std::string_view>);
+
+TEST(Keys, AreSoughtFromTheSideThatTheComparatorTakes) {
+    Spoken first{1, {}}, second{2, {}};
+    Voiced<&Spoken::quiet, YearFirst> years;
+    Voiced<&Spoken::quiet, YearLast> years_too;
+    years.insert(first), years.insert(second);
+    EXPECT_EQ(&*years.find(Year{2}), &second);
+    years_too.adopt(years.release());
+    EXPECT_EQ(&*years_too.find(Year{1}), &first);
+}
 
 struct Offer {
     int price, number;
@@ -277,6 +294,21 @@ TEST(Ownership, EndsEachRecordOnce) {
         tree.merge(other);
     }
     EXPECT_EQ(Owned::alive, 0);
+}
+TEST(Ownership, GoesWithTheTree) {
+    struct Tally {
+        int *ended;
+        void operator()(const Owned *) const { ++*ended; }
+    };
+    using Tree = set<&Owned::link, &Owned::key, std::compare_three_way, Tally>;
+    int ended[2] = {};
+    Owned record(1);
+    {
+        Tree first({}, {&ended[0]}), second({}, {&ended[1]});
+        first.insert(record);
+        first.swap(second);
+    }
+    EXPECT_TRUE(ended[0] == 1 && ended[1] == 0);
 }
 TEST(Ownership, EndsTheLosersOfSetAlgebra) {
     set<&Owned::link, &Owned::key, std::compare_three_way, std::default_delete<Owned>> tree, other;

@@ -40,6 +40,7 @@ TEST(WrongUse, EndsTheProcessWithAWord) {
         {[](Scene &s) { s.tree.find_or_insert(15, [&] { return &s.at(2); }); }, twice},
         {[](Scene &s) { s.many.insert(s.at(6)); }, twice},
         {[](Scene &s) { s.many.push_back(s.at(6)); }, twice},
+        {[](Scene &s) { s.many.insert(s.many.end(), s.at(6)); }, twice},
         {[](Scene &s) { s.tree.erase(s.other.begin()); }, foreign},
         {[](Scene &s) { s.tree.insert(s.other.end(), s.at(7)); }, foreign},
         {[](Scene &s) { s.tree.insert_before(s.other.end(), s.at(7)); }, foreign},

@@ -17,7 +17,6 @@ template <class Nodes, class Next> Node build(Nodes nodes, std::size_t count, Ne
     for (std::size_t size = count;;) {
         for (; size; size = (size - 1) / 2)
             *top++ = {nullptr, size};
-        built = nullptr;
         for (; top != open; --top) {
             const std::size_t right = top[-1].size / 2;
             if (!top[-1].node) {
