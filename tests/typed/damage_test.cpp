@@ -106,6 +106,10 @@ TEST(Damage, OfASummaryIsFoundAtItsRecord) {
             store(n, id_off, id_of(n) - 1);
             plot.tree.refresh(*static_cast<Summed *>(n));
         }
+        Plot<CountedMultiset<ThreeWay>> counted(shape, keys);
+        for (const Node n : counted.first.order)
+            counted.tree.refresh(*static_cast<Counted *>(n));
+        expect_nodes(counted.tree, counted.first.order);
     });
 }
 

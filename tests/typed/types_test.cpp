@@ -207,6 +207,10 @@ using LoudAtFirst = Parted<&Spoken::loud, &Spoken::quiet>;
 static_assert(walks<Voiced<&Spoken::hushed>> && !walks<Voiced<&Spoken::loud>>);
 static_assert(!walks<Voiced<&Spoken::quiet, LoudLess>> && !walks<LoudAtLast> && !walks<LoudAtFirst>);
 static_assert(walks<Quiet>);
+template <class Tree>
+constexpr bool joins = noexcept(std::declval<Tree &>().append(std::declval<Tree>())) &&noexcept(
+    std::declval<Tree &>().prepend(std::declval<Tree>()));
+static_assert(joins<LoudAtFirst> && joins<Quiet>);
 static_assert(finds<Quiet, int, int> && finds<LoudAtLast, int>);
 static_assert(finds<LoudAtLast, int, int> && !finds<LoudAtLast, int, int, int> && !finds<LoudAtFirst, int>);
 
