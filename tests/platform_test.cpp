@@ -5,6 +5,7 @@
 #include "support/memory.hpp"
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <clocale>
 #include <csignal>
