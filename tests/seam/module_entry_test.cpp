@@ -80,6 +80,7 @@ TEST(ModuleEntry, AnnouncesEachNotificationInTheGivenOrder) {
     const std::string other = steps_of(0x80000004, reinterpret_cast<void *>(uintptr_t{0xABCD})).at(4);
     EXPECT_TRUE(other.starts_with("debug OVANTLIB.DLL DllMain(HINSTANCE hInstance=0x"));
     EXPECT_TRUE(other.ends_with(", DWORD dwReason=0x80000004, LPVOID lpReserved=0x0000ABCD)\n"));
+    EXPECT_NE(steps_of(4).at(4).find("dwReason=0x00000004"), std::string::npos);
     names_told = false;
     EXPECT_EQ(steps_of(0).at(4), "debug  terminating from !(Thread ID = 1234)\n");
 }
