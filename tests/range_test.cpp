@@ -150,7 +150,7 @@ void delete_with_damage(Plot &plot, std::size_t position) {
     const bool level = link_of(pivot).Balance == 0;
     if (!level && pivot != tree->Root)
         return;
-    set_balance(pivot, position % 2 ? -2 : 3);
+    set_balance(pivot, position % 2 ? -2 : 2);
     plot.call(by<AVL_DelBetweenKey>, key_of(pivot), 0);
     take_out(rest, position);
     if (level)
