@@ -113,7 +113,8 @@ template <class Compare, class A, class B> constexpr auto ask(const Compare &com
         return three_way_answer<answer_of<Compare, A, B>>{compare(sought, key)};
     else {
         static_assert(compares<Compare, B, A>, "ovant: the comparator does not take what is sought beside a key");
-        return three_way_answer{0 <=> compare(key, sought)};
+        const auto ordering = 0 <=> compare(key, sought);
+        return three_way_answer<std::remove_const_t<decltype(ordering)>>{ordering};
     }
 }
 template <class Compare, class A, class B> int direction_of(const Compare &compare, const A &sought, const B &key) {
