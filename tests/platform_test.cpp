@@ -112,7 +112,7 @@ template <int Descriptor> int use_pipe() { // gives its other end
     dup2(ends[Descriptor != STDIN_FILENO], Descriptor);
     return ends[Descriptor == STDIN_FILENO];
 }
-void use_full_pipe() {
+[[maybe_unused]] void use_full_pipe() {
     use_pipe<STDERR_FILENO>();
     fcntl(STDERR_FILENO, F_SETFL, O_NONBLOCK);
     while (write(STDERR_FILENO, "full", 4) > 0) {
