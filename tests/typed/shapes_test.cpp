@@ -88,6 +88,8 @@ TYPED_TEST(Costs, AComparisonALevelAndNextToNoneBesideAPosition) {
                         fixed.upper_bound(key) == tree.upper_bound(key) && fixed.first_after(before(key)) == bound);
             seen.comparisons = 0;
         }
+        keys.push_back(last + 5); // behind them all
+        bounds.push_back(nullptr);
         std::vector<Record *> found(keys.size());
         EXPECT_EQ(tree.find_many(keys, found.data()), found.data() + found.size());
         std::as_const(tree).lower_bound_many(keys, std::back_inserter(many));
