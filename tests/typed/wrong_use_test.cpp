@@ -45,6 +45,7 @@ TEST(WrongUse, EndsTheProcessWithAWord) {
         {[](Scene &s) { s.tree.insert(s.other.end(), s.at(7)); }, foreign},
         {[](Scene &s) { s.tree.insert_before(s.other.end(), s.at(7)); }, foreign},
         {[](Scene &s) { s.tree.erase(s.tree.begin(), s.other.end()); }, foreign},
+        {[](Scene &s) { s.tree.erase(s.other.end(), s.tree.end()); }, foreign},
         {[](Scene &s) { std::exit(s.tree.begin() == s.other.begin()); }, "positions of two trees are compared"},
         {[](Scene &s) { ++s.tree.iterator_to(s.at(5)); }, "the record of a position is not in its tree"},
         {[](Scene &s) { s.tree.insert_before(s.tree.find(20), s.at(3 + 4)); }, misplaced},
