@@ -76,6 +76,7 @@ TEST(Ranges, AlgorithmsAndViewsTakeTreesAndIntervals) {
               times_of(std::ranges::subrange(day.rbegin(), day.rend())));
 #endif
     EXPECT_TRUE(std::prev(day.end())->time == 50 && std::ranges::find(day, 30, &Event::time) == day.find(30));
+    EXPECT_TRUE(std::as_const(day).front().time == 0 && std::as_const(day).back().time == 50);
     EXPECT_TRUE(std::ranges::is_sorted(day, {}, &Event::time) && std::ranges::distance(day.equal_range(20)) == 1);
     EXPECT_EQ(std::ranges::max_element(day.between(ovant::start, before(35)), {}, &Event::time)->time, 30);
     const auto drawn = [&day] {
