@@ -293,8 +293,10 @@ def main():
         print(f"{count} out of {len(everything)} by the seed {seed}", flush=True)
     harmless = set(equivalents())
     build_sound()
-    if verdict := c_suite(work, [], "c/frame/"):
-        sys.exit(f"mutants: the sound library is {verdict}")
+    for part in ("c", "include"):
+        shutil.copytree(root / part, work / part)
+    if verdict := c_suite(work, [], "c/frame/") or typed_suite(work): # else a test that is broken would hide survivors
+        sys.exit(f"mutants: the sound library: {verdict}")
     tallies = collections.Counter()
     survivors = []
     wanted = len(drawn) if words == ["planted"] else count
