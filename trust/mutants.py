@@ -22,8 +22,8 @@ import tempfile
 root = pathlib.Path(__file__).resolve().parent.parent
 jobs = int(os.environ.get("OVANT_JOBS", os.cpu_count() or 1))
 compiler = os.environ.get("CXX", "c++")
-c_tests = ["range", "removal", "insert", "navigate", "frame", "keyed", "compare", "diagnostics", "damage", "balance",
-           "idioms", "platform"]
+c_tests = ["range", "removal", "insert", "navigate", "frame", "keyed", "compare", "diagnostics", "damage", "idioms",
+           "platform"]
 # A test and OVANT_CHECKS.  With checks the model has half as many kinds of trees, and notices most in half the time.
 typed_tests = [("model", 1), *sorted((p.stem.removesuffix("_test"), int(p.stem == "wrong_use_test"))
                                      for p in root.glob("tests/typed/*_test.cpp"))]

@@ -7,8 +7,9 @@ using namespace ovant::c;
 namespace {
 
 // One side of a boundary stays.
-template <Side Stays> void drop_side(AVL_Tree *tree, Entry *boundary, void *context) {
-    tree->Root = drop<Stays>(Nodes(tree), tree->Stack, boundary, Killer(tree, context), Reports(tree).of<Stays>()).root;
+template <auto Drop> void drop_side(AVL_Tree *tree, Entry *boundary, void *context) {
+    Change change;
+    tree->Root = Drop(tree, tree->Stack, boundary, &change, context);
 }
 
 void drop_range(AVL_Tree *tree, const Range &range, const void *first, const void *second, void *context) {
@@ -20,16 +21,16 @@ void drop_range(AVL_Tree *tree, const Range &range, const void *first, const voi
 } // namespace
 
 void AVL_DelLess(AVL_Tree *tree, const void *key, void *context) {
-    drop_side<Side::left>(tree, AVL_MakeLess(tree, key), context);
+    drop_side<AVL_DropBefore>(tree, AVL_MakeLess(tree, key), context);
 }
 void AVL_DelEqualLess(AVL_Tree *tree, const void *key, void *context) {
-    drop_side<Side::left>(tree, AVL_MakeEqualLess(tree, key), context);
+    drop_side<AVL_DropBefore>(tree, AVL_MakeEqualLess(tree, key), context);
 }
 void AVL_DelGreater(AVL_Tree *tree, const void *key, void *context) {
-    drop_side<Side::right>(tree, AVL_MakeEqualLess(tree, key), context);
+    drop_side<AVL_DropAfter>(tree, AVL_MakeEqualLess(tree, key), context);
 }
 void AVL_DelEqualGreater(AVL_Tree *tree, const void *key, void *context) {
-    drop_side<Side::right>(tree, AVL_MakeLess(tree, key), context);
+    drop_side<AVL_DropAfter>(tree, AVL_MakeLess(tree, key), context);
 }
 
 void AVL_DelBetweenEqualEqual(AVL_Tree *tree, const void *first, const void *second, void *context) {

@@ -5,7 +5,11 @@ using namespace ovant::c;
 
 namespace {
 
-Halves cut_at(AVL_Tree *tree, Entry *boundary) { return split(Nodes(tree), tree->Stack, boundary, Reports(tree)); }
+// Gives what stands before the boundary; the bottom entry holds what stands after it.
+Node cut_at(AVL_Tree *tree, Entry *boundary) {
+    Change before, after;
+    return AVL_SplitPfad(tree, tree->Stack, boundary, &before, &after);
+}
 
 Parts divide(AVL_Tree *tree, const Range &range, const void *first, const void *second) {
     Parts parts{nullptr, tree->Root};
@@ -21,12 +25,12 @@ Node keep(AVL_Tree *tree, Node stays, Node result) {
     return result;
 }
 Node get_before(AVL_Tree *tree, Entry *boundary) {
-    const Halves halves = cut_at(tree, boundary);
-    return keep(tree, halves.after.root, halves.before.root);
+    const Node before = cut_at(tree, boundary);
+    return keep(tree, tree->Stack->Node, before);
 }
 Node get_after(AVL_Tree *tree, Entry *boundary) {
-    const Halves halves = cut_at(tree, boundary);
-    return keep(tree, halves.before.root, halves.after.root);
+    const Node before = cut_at(tree, boundary);
+    return keep(tree, before, tree->Stack->Node);
 }
 Node get_inner(AVL_Tree *tree, const Range &range, const void *first, const void *second) {
     const Parts parts = divide(tree, range, first, second);

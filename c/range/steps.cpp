@@ -1,4 +1,4 @@
-// The steps of a range operation as operations of their own: split, and the two drops.
+// The cuts along a boundary path: split, and the two drops.
 #include "ovant/engine/drop.hpp"
 #include "range/kill.hpp"
 #include "range/range.hpp"
