@@ -97,6 +97,10 @@ TEST(Listing, BoundsRunFromRightToLeft) {
         AVL_TreeWrite(bed.tree, &listed, walker, note_key, stderr, 0, start ? &start : nullptr, end ? &end : nullptr);
         EXPECT_EQ(listed, keys);
     }
+    const Bed tall(full_shape(9));
+    std::vector<int> listed;
+    AVL_TreeWrite(tall.tree, &listed, forward, note_key, stderr, 0, nullptr, nullptr);
+    EXPECT_EQ(listed, keys_of(tall.order));
 }
 
 } // namespace

@@ -125,6 +125,7 @@ TEST(DefaultHandler, AsksThePersonAtATerminalAndTrapsElsewhere) {
     const Outcome told = run_apart(nullptr, [] { Gen_SysError(114, 32); });
     EXPECT_EQ(told.signal, SIGTRAP);
     EXPECT_TRUE(told.text.starts_with("Win32 MM-Error at Runtime "));
+    EXPECT_EQ(told.text.find("\nError 32"), std::strlen("Win32 MM-Error at Runtime Thu Jan  1 00:00:00 1970"));
     EXPECT_TRUE(told.has("\nError 32\ndecteted in Function 114\nWorking Mode: Multi-Tree without Lockmanager\n"));
     EXPECT_FALSE(told.has("\a"));
     const struct {

@@ -310,7 +310,7 @@ def main():
                 break
             for future in concurrent.futures.wait(running, return_when="FIRST_COMPLETED").done:
                 mutant, verdict = running.pop(future), future.result()
-                change = f"{mutant.file}: {mutant.old} => {mutant.new}"
+                change = f"{mutant.file}: {mutant.old} => {mutant.new}".strip()
                 if verdict and verdict.startswith("does not") and words != ["planted"]:
                     tallies["stillborn"] += 1
                     continue

@@ -11,10 +11,10 @@
 namespace ovant::c {
 
 // Fewest nodes of an AVL tree of height h: one more than the two least subtrees, of heights h-1 and h-2.  The last
-// entry is the cap of 32 bits, which the rule would pass.
+// entry is the cap of 32 bits, which the rule passes.
 constexpr std::array<std::uint32_t, 47> make_least_nodes() {
     std::array<std::uint32_t, 47> least{0, 1};
-    for (std::size_t h = 2; h + 1 < least.size(); ++h)
+    for (std::size_t h = 2; h < least.size(); ++h)
         least[h] = least[h - 1] + least[h - 2] + 1;
     least.back() = UINT32_MAX;
     return least;

@@ -113,6 +113,12 @@ TEST(Damage, OfASummaryIsFoundAtItsRecord) {
     });
 }
 
+TEST(Damage, BehindARunIsNotMet) {
+    Plot<Multiset<ThreeWay>> plot(full_shape(3));
+    spoil_link(plot.first.order[5]);
+    EXPECT_FALSE(plot.tree.holds(typed(plot.host.record(10))));
+}
+
 TEST(Damage, DeeperThanAnyTreeEndsTheCheck) {
     Host host;
     Multiset<ThreeWay> tree;

@@ -171,7 +171,7 @@ private:
         EXPECT_EQ(tree_.rank(w.it), index(w.at)); // size() for the end
         EXPECT_EQ(tree_.nth(j) - w.it, static_cast<std::ptrdiff_t>(j) - static_cast<std::ptrdiff_t>(index(w.at)));
         expect_path(tree_.nth(i) += by, j == order_.size() ? nullptr : order_[j]);
-        EXPECT_TRUE(std::as_const(tree_).nth(i) + by == tree_.nth(j));
+        EXPECT_TRUE(std::as_const(tree_).nth(i) + by == tree_.nth(j) && by + tree_.nth(i) == tree_.nth(j));
         EXPECT_TRUE(tree_.rend() - static_cast<std::ptrdiff_t>(j) ==
                     tree_.rbegin() + (tree_.rend() - tree_.rbegin() - static_cast<std::ptrdiff_t>(j)));
         EXPECT_EQ(tree_.size(), order_.size());

@@ -41,6 +41,7 @@ TEST(WrongUse, EndsTheProcessWithAWord) {
         {[](Scene &s) { s.many.insert(s.at(6)); }, twice},
         {[](Scene &s) { s.many.push_back(s.at(6)); }, twice},
         {[](Scene &s) { s.many.insert(s.many.end(), s.at(6)); }, twice},
+        {[](Scene &s) { s.many.insert_sorted(std::vector{&s.at(6)}); }, twice},
         {[](Scene &s) { s.tree.erase(s.other.begin()); }, foreign},
         {[](Scene &s) { s.tree.insert(s.other.end(), s.at(7)); }, foreign},
         {[](Scene &s) { s.tree.insert_before(s.other.end(), s.at(7)); }, foreign},
@@ -64,6 +65,8 @@ TEST(WrongUse, EndsTheProcessWithAWord) {
          "the record that was made has another key than the one asked for"},
         {[](Scene &s) { s.counted.begin() += 2; }, "a position goes beyond the end of its tree"},
         {[](Scene &s) { s.counted.nth(2); }, "there is no record of this rank"},
+        {[](Scene &s) { s.counted.rank(*static_cast<Summed *>(s.nodes[8])); },
+         "the record of a position is not in its tree"},
         {[](Scene &s) { s.counted.refresh(*static_cast<Summed *>(s.nodes[8])); }, "the record is not in the tree"},
         {[](Scene &s) { s.tree.adopt(s.other.release()); }, "a tree that adopts a root must be empty"},
     };
