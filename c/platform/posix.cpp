@@ -62,10 +62,9 @@ void print(const char *text) {
 // One read takes the whole line from a terminal, and a single key where the host has switched lines off.
 Answer ask() {
     print("[R]etry / [C]ancel? ");
-    char line[4096];
-    if (!ready(STDIN_FILENO, POLLIN, -1) ||
-        unless_interrupted([&] { return read(STDIN_FILENO, line, sizeof line); }) <= 0)
-        return Answer::cancel;
+    char line[4096] = "";
+    if (ready(STDIN_FILENO, POLLIN, -1))
+        unless_interrupted([&] { return read(STDIN_FILENO, line, sizeof line); });
     return line[0] == 'r' || line[0] == 'R' ? Answer::retry : Answer::cancel;
 }
 

@@ -122,10 +122,10 @@ private:
     }
     void stroll(Walker &w) {
         if (below(2) && w.at) {
-            call([&] { ++w.it; });
+            EXPECT_TRUE(stands(call([&] { return w.it++; }), w.at));
             w.at = beside(w.at, 1);
         } else if (const Node near = beside(w.at, -1)) {
-            call([&] { --w.it; });
+            EXPECT_TRUE(stands(call([&] { return w.it--; }), w.at));
             w.at = near;
         }
         EXPECT_TRUE(stands(w.it, w.at));

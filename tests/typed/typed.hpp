@@ -70,9 +70,10 @@ struct Predicate {
 template <class Compare> using Set = ovant::set<&Typed::link, &Typed::key, Compare>;
 template <class Compare> using Multiset = ovant::multiset<&Typed::link, &Typed::key, Compare>;
 template <class Compare> using SummedSet = ovant::set<&Summed::link, &Summed::key, Compare>;
+template <class Compare> using CountedSet = ovant::set<&Counted::link, &Counted::key, Compare>;
 template <class Compare> using CountedMultiset = ovant::multiset<&Counted::link, &Counted::key, Compare>;
 #if OVANT_CHECKS // which must not be raised by right use
-using Trees = ::testing::Types<Set<ThreeWay>, CountedMultiset<Predicate>>;
+using Trees = ::testing::Types<CountedSet<ThreeWay>, Multiset<Predicate>>;
 #else
 using Trees = ::testing::Types<Set<ThreeWay>, Multiset<Predicate>, SummedSet<Predicate>, CountedMultiset<ThreeWay>>;
 #endif

@@ -180,7 +180,6 @@ private:
         }
         if (to == result.way)
             put("root");
-        *to = '\0';
     }
 
     template <class Out, class Key> static void put_key(Out &out, const T &x, const Key &) {
