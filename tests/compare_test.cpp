@@ -54,8 +54,8 @@ TEST(Compare, StringsByUnsignedBytesOrUnits) {
     expect_order(AVL_CMP_PtrTString, sorted); // in the C locale a character is a byte
     expect_order<Text>(AVL_CMP_String_Upper, {"", "0", "_", "a", "Ab", "aBC", "b", "C", "Z"});
     EXPECT_EQ(AVL_CMP_String_Upper("aBc", "AbC"), 0);
-    expect_order<const char16_t *>(
-        AVL_CMP_PtrUString, {u"", u"\x0001", u"\x00FF", u"\x0100", u"\x0100\x0001", u"\x7FFF", u"\x8000", u"\xFFFF"});
+    expect_order<const char16_t *>(AVL_CMP_PtrUString, {u"", u"\x0001", u"\x00FF", u"\x0100", u"\x0100\x0001",
+                                                        u"\x0100\x0100", u"\x7FFF", u"\x8000", u"\xFFFF"});
     const char16_t one[] = u"a\0b", other[] = u"a\0c", *const first = one, *const second = other;
     EXPECT_EQ(AVL_CMP_PtrUString(&first, &second), 0);
 }

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""trust/mutants.py [N [SEED]] | planted: does the suite notice?
+"""trust/mutants.py [N [SEED]] | planted | again FILE: does the suite notice?
 
 Makes one small change after the other to a copy of the library and runs the tests that reach it: N changes drawn from
-all rooms (100 if not told), or those of trust/planted.txt.  A change that nothing notices is a survivor, unless
-trust/equivalent.txt says why it makes no difference.  Fails where more than one in a hundred survives.
+all rooms (100 if not told), those of trust/planted.txt, or those that survived an earlier run, whose output is FILE.  A
+change that nothing notices is a survivor, unless trust/equivalent.txt says why it makes no difference.  Fails where more than one in a hundred
+survives.
 """
 import collections
 import concurrent.futures
@@ -278,14 +279,33 @@ def equivalents():
             yield change.strip()
 
 
+def change_of(mutant):
+    return f"{mutant.file}: {mutant.old} => {mutant.new}".strip()
+
+
+def told(name):
+    try:
+        said = pathlib.Path(name).read_text(encoding="utf-8").splitlines()
+    except OSError as error:
+        sys.exit(f"mutants: {name}: {error.strerror}")
+    changes_told = {line.removeprefix("survivor: ").strip() for line in said if line.startswith("survivor: ")}
+    drawn = [mutant for mutant in all_mutants() if change_of(mutant) in changes_told]
+    for gone in sorted(changes_told - set(map(change_of, drawn))):
+        print(f"{'not to be had any more':44} {gone}", flush=True)
+    return drawn
+
+
 def main():
     words = sys.argv[1:]
+    count = None
     if words == ["planted"]:
         drawn = list(planted())
+    elif words[:1] == ["again"] and len(words) == 2:
+        drawn = told(words[1])
     else:
         numbers = [int(w) for w in words] if all(w.isdigit() for w in words) and len(words) < 3 else None
         if numbers is None or numbers[:1] == [0]:
-            sys.exit("usage: mutants [N [SEED]] | mutants planted")
+            sys.exit("usage: mutants [N [SEED]] | mutants planted | mutants again FILE")
         count, seed = (numbers + [100, 1][len(numbers):])
         everything = list(all_mutants())
         random.Random(seed).shuffle(everything)
@@ -299,7 +319,7 @@ def main():
         sys.exit(f"mutants: the sound library: {verdict}")
     tallies = collections.Counter()
     survivors = []
-    wanted = len(drawn) if words == ["planted"] else count
+    wanted = count or len(drawn)
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
         queue = iter(drawn)
         running = {}
@@ -310,7 +330,7 @@ def main():
                 break
             for future in concurrent.futures.wait(running, return_when="FIRST_COMPLETED").done:
                 mutant, verdict = running.pop(future), future.result()
-                change = f"{mutant.file}: {mutant.old} => {mutant.new}".strip()
+                change = change_of(mutant)
                 if verdict and verdict.startswith("does not") and words != ["planted"]:
                     tallies["stillborn"] += 1
                     continue

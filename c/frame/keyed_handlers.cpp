@@ -10,7 +10,6 @@ namespace {
 struct Form {
     std::size_t key_off;
     std::size_t key_size; // 0: a string
-    bool counted = false;
     std::size_t tail = 0; // bytes behind the key
 };
 
@@ -26,7 +25,7 @@ template <Form F> void *make(const void *key, void *context) {
     if (!node)
         return nullptr;
     store(node, 0, AVL_Link{});
-    if constexpr (F.counted)
+    if constexpr (F.key_off == count_key_off)
         store<uint32_t>(node, count_off, 1);
     std::memcpy(static_cast<char *>(node) + F.key_off, source, length);
     return node;
@@ -50,10 +49,10 @@ extern "C" {
 void *AVL_Malloc_Key4(const void *key, void *context) { return make<Form{key_off, 4}>(key, context); }
 void *AVL_Malloc_Key8(const void *key, void *context) { return make<Form{key_off, 8}>(key, context); }
 void *AVL_Malloc_KeyString(const void *key, void *context) { return make<Form{string_key_off, 0}>(key, context); }
-void *AVL_Malloc_CountKey4(const void *key, void *context) { return make<Form{count_key_off, 4, true}>(key, context); }
-void *AVL_Malloc_CountKey8(const void *key, void *context) { return make<Form{count_key_off, 8, true}>(key, context); }
+void *AVL_Malloc_CountKey4(const void *key, void *context) { return make<Form{count_key_off, 4}>(key, context); }
+void *AVL_Malloc_CountKey8(const void *key, void *context) { return make<Form{count_key_off, 8}>(key, context); }
 void *AVL_Malloc_CountKeyString(const void *key, void *context) {
-    return make<Form{count_key_off, 0, true, 3}>(key, context);
+    return make<Form{count_key_off, 0, 3}>(key, context);
 }
 
 constinit const AVL_NodeFuncs AVL_NodeFuncsKey4 = plain(AVL_Malloc_Key4);

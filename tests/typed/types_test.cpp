@@ -305,13 +305,14 @@ TEST(Ownership, GoesWithTheTree) {
         int *ended;
         void operator()(const Owned *) const { ++*ended; }
     };
-    using Tree = set<&Owned::link, &Owned::key, std::compare_three_way, Tally>;
+    using Tree = set<&Owned::link, &Owned::key, Stateful, Tally>;
     int ended[2] = {};
     Owned record(1);
     {
-        Tree first({}, {&ended[0]}), second({}, {&ended[1]});
+        Tree first(Stateful(1), {&ended[0]}), second(Stateful(-1), {&ended[1]});
         first.insert(record);
         first.swap(second);
+        EXPECT_TRUE(first.key_comp().sign == -1 && second.key_comp().sign == 1);
     }
     EXPECT_TRUE(ended[0] == 1 && ended[1] == 0);
 }

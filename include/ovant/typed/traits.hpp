@@ -114,7 +114,6 @@ template <class Record, bool Unique, auto Link, auto Key, class Compare, class D
     static constexpr bool unique = Unique;
     static constexpr auto key = Key;
     static constexpr bool composite = facts::composite; // a key of several parts
-    static constexpr bool owns = !std::is_same_v<Dispose, unowned>;
 
     // Whether a search for K cannot throw, nor one for a record's own key, nor one for a gap.
     template <class K> static constexpr bool quiet_for = quiet<value_type, Compare, Key>::template with<K>;
