@@ -113,6 +113,21 @@ TEST(Damage, OfASummaryIsFoundAtItsRecord) {
     });
 }
 
+TEST(Damage, ATrueBalanceMayBeWrong) {
+    Host host;
+    for (const int side : {-1, +1}) { // two levels on one side, none on the other, and the root says so
+        Multiset<ThreeWay> tree;
+        Node below = nullptr;
+        for (const int balance : {0, side, 2 * side}) {
+            const Node n = host.record(2 - side * std::abs(balance));
+            set_link(n, side < 0 ? below : nullptr, side < 0 ? nullptr : below, balance);
+            below = n;
+        }
+        tree.adopt(static_cast<Typed *>(below));
+        expect_verdict(host, tree);
+    }
+}
+
 TEST(Damage, BehindARunIsNotMet) {
     Plot<Multiset<ThreeWay>> plot(full_shape(3));
     spoil_link(plot.first.order[5]);
