@@ -5,7 +5,6 @@
 #include "support/memory.hpp"
 
 #include <algorithm>
-#include <cerrno>
 #include <climits>
 #include <clocale>
 #include <csignal>
@@ -120,7 +119,6 @@ template <int Descriptor> int use_pipe() { // gives its other end
     }
     fcntl(STDERR_FILENO, F_SETFL, 0);
     interrupt_often();
-    errno = EINTR; // of some call before
 }
 
 TEST(DefaultHandler, AsksThePersonAtATerminalAndTrapsElsewhere) {

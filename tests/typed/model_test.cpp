@@ -302,7 +302,9 @@ private:
         with_gap(below(gap_kinds), order_, key, [&](const auto &first, std::size_t begin) {
             with_gap(below(gap_kinds), order_, other_key, [&](const auto &last, std::size_t other) {
                 const std::size_t end = std::max(begin, other);
-                EXPECT_TRUE(nodes_of(tree_.between(first, last)) == std::vector<Node>(place(begin), place(end)));
+                const auto between = tree_.between(first, last);
+                EXPECT_TRUE(nodes_of(between) == std::vector<Node>(place(begin), place(end)));
+                EXPECT_EQ(between.empty(), begin == end);
                 EXPECT_EQ(tree_.count(first, last), end - begin);
                 rejoin(call([&] { return tree_.extract(first, last); }), begin, leave(begin, end));
             });
