@@ -1,4 +1,4 @@
-// A change of height carried up a path: growth by a level, and any loss.
+// A change of height carried up a path: growth by a new node, and any loss.
 #pragma once
 
 #include "repair.hpp"
@@ -27,41 +27,32 @@ void uplift_all(Nodes nodes, Entry *bottom, Entry *top, [[maybe_unused]] std::pt
             uplift(nodes, (--top)->Node, added);
 }
 
-// The subtree at top is one level higher than what was there.  Every level node above it leans from now on and is
-// higher too; the first node that leans already absorbs the growth, with a turn if it leaned the same way.  (A turn
-// around a level child, which no insertion gives, absorbs nothing, and the climb goes on.)  Returns 1 if the growth has
-// passed bottom, else 0.
+// The node that top holds is new there.  Every level node above it leans from now on and is higher too; the first node
+// that leans already absorbs the growth, with a turn if it leaned the same way.
 template <class Nodes, class Entry, class Follow = Unfollowed>
-Change grow(Nodes nodes, Entry *bottom, Entry *top, Follow follow = {}, std::ptrdiff_t added = 1) {
-    Change change = 1;
-    while (change != 0 && top != bottom) {
-        Entry *q = top - 1;
-        nodes.hang(side_of(q->Dir), q->Node, top->Node);
-        uplift(nodes, q->Node, added);
-        while (nodes.balance(q->Node) == 0) {
-            nodes.set_balance(q->Node, q->Dir);
-            if (q == bottom)
-                return 1;
-            --q;
-            uplift(nodes, q->Node, added);
-        }
-        const Node leaning = q->Node;
-        const int balance = nodes.balance(leaning) + q->Dir;
-        nodes.set_balance(leaning, balance);
-        if (balance == 0) {
-            uplift_all(nodes, bottom, q, added);
-            return 0;
-        }
-        const Turned turned = repair(nodes, q, leaning);
-        q->Node = turned.root;
-        change += turned.change;
-        follow.turned(q, leaning);
-        top = q;
+void grow(Nodes nodes, Entry *bottom, Entry *top, Follow follow = {}) {
+    if (top == bottom)
+        return;
+    Entry *q = top - 1;
+    nodes.hang(side_of(q->Dir), q->Node, top->Node);
+    uplift(nodes, q->Node, 1);
+    while (nodes.balance(q->Node) == 0) {
+        nodes.set_balance(q->Node, q->Dir);
+        if (q == bottom)
+            return;
+        --q;
+        uplift(nodes, q->Node, 1);
     }
-    if (top != bottom) // the new root that the turn delivered
-        nodes.hang(side_of(top[-1].Dir), top[-1].Node, top->Node);
-    uplift_all(nodes, bottom, top, added);
-    return change;
+    const Node leaning = q->Node;
+    const int balance = nodes.balance(leaning) + q->Dir;
+    nodes.set_balance(leaning, balance);
+    if (balance != 0) {
+        q->Node = turn(nodes, side_of(q->Dir), leaning).root;
+        follow.turned(q, leaning);
+        if (q != bottom)
+            nodes.hang(side_of(q[-1].Dir), q[-1].Node, q->Node);
+    }
+    uplift_all(nodes, bottom, q, 1);
 }
 
 // The subtree at top has lost any number of levels, or none but has another root.  At the head of the loop the entry at
@@ -104,8 +95,8 @@ Change shrink(Nodes nodes, Entry *bottom, Entry *top, Change change, DirOf dir_o
 // The way that the entry says.
 inline constexpr auto own_dir = [](const auto *entry) { return entry->Dir; };
 
-// Afterwards the Node of bottom is the root of the repaired tree.  Returns the change of its height.
-template <class Nodes, class Entry> Change fix_pfad(Nodes nodes, Entry *bottom, Entry *top, Change change) {
+// Such a loss, of any number of nodes too.  Afterwards the Node of bottom is the root of the repaired tree.
+template <class Nodes, class Entry> void fix_pfad(Nodes nodes, Entry *bottom, Entry *top, Change change) {
     std::ptrdiff_t added = 0;
     if constexpr (Nodes::counts_alone)
         if (top != bottom) {
@@ -113,8 +104,7 @@ template <class Nodes, class Entry> Change fix_pfad(Nodes nodes, Entry *bottom, 
             const std::size_t now = nodes.summary(top->Node) + std::size_t{1} + nodes.summary(other);
             added = static_cast<std::ptrdiff_t>(now - nodes.summary(n));
         }
-    return change > 0 ? grow(nodes, bottom, top, Unfollowed(), added)
-                      : shrink(nodes, bottom, top, change, own_dir, Unfollowed(), added);
+    shrink(nodes, bottom, top, change, own_dir, Unfollowed(), added);
 }
 
 // A loss along a spine: every step went to S, and no Dir is read.
