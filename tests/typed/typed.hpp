@@ -73,7 +73,7 @@ template <class Compare> using SummedSet = ovant::set<&Summed::link, &Summed::ke
 template <class Compare> using CountedSet = ovant::set<&Counted::link, &Counted::key, Compare>;
 template <class Compare> using CountedMultiset = ovant::multiset<&Counted::link, &Counted::key, Compare>;
 #if OVANT_CHECKS // which must not be raised by right use
-using Trees = ::testing::Types<CountedSet<ThreeWay>, Multiset<Predicate>>;
+using Trees = ::testing::Types<Set<ThreeWay>, CountedSet<ThreeWay>, CountedMultiset<Predicate>>;
 #else
 using Trees = ::testing::Types<Set<ThreeWay>, Multiset<Predicate>, SummedSet<Predicate>, CountedMultiset<ThreeWay>>;
 #endif
