@@ -295,7 +295,7 @@ TEST(Ownership, EndsEachRecordOnce) {
         EXPECT_EQ(Owned::alive, 8 + 1 + 8);
         other = std::move(tree);
         EXPECT_EQ(Owned::alive, 8 + 1);
-        tree.assign_sorted(std::vector{new Owned(1), new Owned(2)});
+        other.assign_sorted(std::vector{new Owned(1), new Owned(2)});
         tree.merge(other);
     }
     EXPECT_EQ(Owned::alive, 0);
