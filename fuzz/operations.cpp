@@ -36,14 +36,12 @@ struct Machine {
     void hold() {
         const Checked checked = check(tree);
         require(checked.order == order, "the tree holds other nodes");
-        require(memory.requests == requests, "took memory");
         stack(static_cast<signed char>(checked.height));
     }
     void stack(signed char depth) {
+        const MayTakeMemory here;
         tree->Stack = realloc_Stack_Deepth(tree->Stack, depth);
-        requests = memory.requests;
     }
-    int requests = memory.requests;
     // A node was handed out.  That it left, and no other, shows where the tree is held against the order.
     void lose(Node node, Node result) {
         require(result == node, "another node came out");

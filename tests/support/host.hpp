@@ -2,6 +2,7 @@
 #pragma once
 
 #include "frame/nodes.hpp"
+#include "support/memory.hpp"
 
 #include <gtest/gtest.h>
 
@@ -102,8 +103,12 @@ public:
         : tree(AVL_Konstruktor(link_off, &noting_handlers, key_off, cmp, note_report)) {
         seen = {};
         sense = cmp == AVL_CMP_SignedLong ? -1 : 1;
+        memory.forbidden = true;
     }
-    ~Host() { AVL_Destruktor(tree); }
+    ~Host() {
+        AVL_Destruktor(tree);
+        memory.forbidden = forbidden_before;
+    }
     Host(const Host &) = delete;
     Host &operator=(const Host &) = delete;
 
@@ -121,6 +126,7 @@ public:
     std::deque<Record> bytes() const { return records_; } // a copy, to compare with later
     bool operator==(const std::deque<Record> &before) const { return records_ == before; }
 
+    const bool forbidden_before = std::exchange(memory.forbidden, false); // the tree itself is made
     AVL_Tree *const tree;
 
 private:

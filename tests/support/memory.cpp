@@ -1,9 +1,10 @@
 // This program is linked with --wrap for all of these.  A test that leaves a block behind fails.
 #include "memory.hpp"
 
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
-ovant::test::Memory ovant::test::memory;
 using ovant::test::memory;
 
 extern "C" {
@@ -11,6 +12,10 @@ void *__real_realloc(void *block, std::size_t size);
 void __real_free(void *block);
 
 void *__wrap_realloc(void *block, std::size_t size) {
+    if (memory.forbidden) {
+        std::fputs("a tree operation asks for memory\n", stderr);
+        std::abort();
+    }
     if (++memory.requests == memory.refused)
         return nullptr;
     memory.blocks += block == nullptr;

@@ -3,10 +3,14 @@
 #include "typed.hpp"
 
 // This program is linked with --wrap=malloc.
-static int allocations;
+static bool in_operation; // of a tree: asks for no memory
 extern "C" {
 void *__real_malloc(std::size_t size);
-void *__wrap_malloc(std::size_t size) { return ++allocations, __real_malloc(size); }
+void *__wrap_malloc(std::size_t size) {
+    if (in_operation)
+        std::abort();
+    return __real_malloc(size);
+}
 }
 void *operator new(std::size_t size) { return std::malloc(size); }
 void operator delete(void *block) noexcept { std::free(block); }
@@ -88,13 +92,9 @@ private:
         for (int n = burns_;; n++) {
             try {
                 const struct Out {
-                    ~Out() {
-                        fuse = 0;
-                        EXPECT_EQ(allocations, before);
-                    }
-                    int before = allocations;
+                    ~Out() { in_operation = false, fuse = 0; }
                 } out;
-                fuse = n;
+                in_operation = true, fuse = n;
                 return operation();
             } catch (Burnt) {
                 verify();
