@@ -1,10 +1,13 @@
 #!/usr/bin/env python3
-"""trust/mutants.py [N [SEED]] | planted | again FILE: does the suite notice?
+"""trust/mutants.py [alone] [N [SEED]] | planted | again FILE: does the suite notice?
 
 Makes one small change after the other to a copy of the library and runs the tests that reach it: N changes drawn from
 all rooms (100 if not told), those of trust/planted.txt, or those that survived an earlier run, whose output is FILE.  A
-change that nothing notices is a survivor, unless trust/equivalent.txt says why it makes no difference.  Fails where more than one in a hundred
-survives.
+change that nothing notices is a survivor, unless trust/equivalent.txt says why it makes no difference.  Fails where
+more than one in a hundred survives.
+
+Tests run until one fails.  With "alone" all of them run, and the end tells how many changes each notices, and how many
+of them nothing else does; the C++ face's tests then see what those of the C face do not notice.
 """
 import collections
 import concurrent.futures
@@ -91,17 +94,27 @@ def changes(text):
 # As in the archive, which is no module that is loaded.
 library_sources = [s for s in sorted(root.glob("c/*/*.cpp"))
                    if s.stem != "posix_load" and not s.stem.startswith("windows")]
-Mutant = collections.namedtuple("Mutant", "file line old new text")
+Mutant = collections.namedtuple("Mutant", "file line old new text change")
+
+
+class Stillborn(Exception):
+    """A change that does not compile."""
 
 
 def all_mutants():
     files = [*library_sources, *root.glob("c/*/*.hpp"), *root.glob("include/ovant/*/*.hpp"), root / "include/ovant_idioms.h"]
     for path in sorted(files):
         lines = path.read_text(encoding="utf-8").splitlines()
+        name = str(path.relative_to(root))
+        lines_of = collections.defaultdict(list)
         for number, new in changes("\n".join(lines)):
             if new != lines[number]:
                 text = "\n".join(lines[:number] + [new] + lines[number + 1:]) + "\n"
-                yield Mutant(str(path.relative_to(root)), number + 1, lines[number].strip(), new.strip(), text)
+                change = f"{name}: {lines[number].strip()} => {new.strip()}".strip()
+                same = lines_of[change]
+                same += [number] * (number not in same)
+                nth = f" [{same.index(number) + 1}]" if number != same[0] else ""
+                yield Mutant(name, number + 1, lines[number].strip(), new.strip(), text, change + nth)
 
 
 def planted():
@@ -114,12 +127,13 @@ def planted():
         if new == old:
             sys.exit(f"planted.txt changes nothing: {line}")
         number = next(i for i, (a, b) in enumerate(zip(old.splitlines(), new.splitlines())) if a != b)
-        yield Mutant(name, number + 1, old.splitlines()[number].strip(), new.splitlines()[number].strip(), new)
+        yield Mutant(name, number + 1, old.splitlines()[number].strip(), new.splitlines()[number].strip(), new, line)
 
 
 # ---- What notices ----------------------------------------------------------------------------------------------------
 
 work = pathlib.Path(tempfile.mkdtemp(prefix="mutants-"))
+alone = "alone" in sys.argv[1:2]
 wraps = "-Wl," + ",".join(f"--wrap={name}" for name in ("malloc", "realloc", "strdup", "free"))
 library_flags = ["-fno-exceptions", "-fno-rtti", "-DOVANT_NO_SPLIT_PATHS"]
 
@@ -135,8 +149,8 @@ def run(command, seconds=60):
         done = subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
                               text=True, errors="replace", timeout=seconds, preexec_fn=limits, check=False)
         return "timeout" if done.returncode == -signal.SIGXCPU else done.returncode, done.stdout
-    except subprocess.TimeoutExpired:
-        return "timeout", ""
+    except subprocess.TimeoutExpired as late:
+        return "timeout", (late.stdout or b"").decode(errors="replace")
 
 
 def compile_one(tree, source, target, *flags):
@@ -199,12 +213,27 @@ def build_sound():
             sys.exit("mutants: the sound library does not build")
 
 
-# The library itself is not there to be loaded.
-gtest = ["--gtest_fail_fast", "--gtest_brief=1", "--gtest_filter=-LoadedLibrary*"]
+def of_gtest(program):
+    """The tests of a program that fail, the first one or all."""
+    found, ran = set(), ["LoadedLibrary*"] # the library itself is not there to be loaded
+    for _ in range(5): # a crash or a hang ends the program: the rest once more
+        code, said = run([program, "--gtest_filter=-" + ":".join(ran), *["--gtest_fail_fast"][alone:]],
+                         seconds=36 if alone else 60)
+        found.update(re.findall(r"\[  FAILED  \] (\w+(?:/\w+)?\.[\w/]+)", said))
+        ran += re.findall(r"\[ RUN      \] ([\w./]+)", said)
+        if code not in (0, 1) or code and not found: # died in the last one that began
+            found.add(ran[-1])
+        if code in (0, 1) or not alone:
+            break
+    return {re.sub(r"/\d+", "", name) for name in found}
 
 
-def attempt(tree, tests, changed, *flags, without=(), arguments=gtest):
-    """Links tests with the changed objects and the sound rest, and runs them until one fails: what noticed, or 0."""
+def of_harness(program):
+    return {"operations"} if run([program, "1", "1"])[0] else set()
+
+
+def attempt(tree, tests, changed, *flags, without=(), runs=of_gtest):
+    """Links tests with the changed objects and the sound rest, and runs them: the names of those that notice."""
     names = {p.name for p in changed} | set(without)
     if whole in names:
         names.update(object_name(s) for s in library_sources)
@@ -213,10 +242,8 @@ def attempt(tree, tests, changed, *flags, without=(), arguments=gtest):
     code, said = run([compiler, *map(str, [*changed, *tests, *rest]), "-lgtest", "-lgtest_main", "-lpthread", "-ldl",
                       *flags, "-o", str(program)])
     if code:
-        return "does not link: " + said[-200:]
-    code, said = run([str(program), *arguments])
-    by = re.search(r"\[  FAILED  \] ([\w./]+)|(operations: \w+)", said)
-    return code and "noticed by " + ("the clock" if code == "timeout" else (by[1] or by[2]) if by else "a crash")
+        raise Stillborn("does not link: " + said[-200:])
+    return runs(str(program))
 
 
 def c_suite(tree, objects, file):
@@ -225,25 +252,35 @@ def c_suite(tree, objects, file):
     first = {"update": "removal", "engine": "range"}.get(room, room)
     tests = [work / f"sound/{t}.o" for t in sorted(c_tests, key=lambda t: t != first)]
     memory = work / "sound/memory.o"
-    verdict = attempt(tree, [*tests, memory], objects, wraps + ",--wrap=write")
-    if verdict:
-        return verdict
+    yield attempt(tree, [*tests, memory], objects, wraps + ",--wrap=write")
     if room in seam_rooms:
         posix = "platform-posix.o"
-        return attempt(tree, [work / "sound/seam.o"], [o for o in objects if o.name != posix], without=[posix])
-    harness = [work / "sound/operations.o", work / "sound/driver.o", memory]
-    return attempt(tree, harness, objects, wraps, arguments=["1", "1"])
+        yield attempt(tree, [work / "sound/seam.o"], [o for o in objects if o.name != posix], without=[posix])
+    if room not in seam_rooms or alone:
+        yield attempt(tree, [*(work / f"sound/{name}.o" for name in ("operations", "driver")), memory], objects, wraps,
+                      runs=of_harness)
 
 
 def typed_suite(tree):
+    def compile_or_not(source, target, *flags):
+        if not compile_test(tree, root / "tests" / source, target, *flags):
+            raise Stillborn("does not compile")
+
     for name, checks in typed_tests:
         test = tree / f"{name}.o"
-        if not compile_test(tree, root / f"tests/typed/{name}_test.cpp", test, f"-DOVANT_CHECKS={checks}"):
-            return "does not compile"
-        if verdict := attempt(tree, [test], [], *(["-Wl,--wrap=malloc"] if name == "model" else [])):
-            return verdict
-    everything = root / "tests/header/everything.cpp"
-    return None if compile_test(tree, everything, tree / "everything.o") else "does not compile"
+        compile_or_not(f"typed/{name}_test.cpp", test, f"-DOVANT_CHECKS={checks}")
+        yield attempt(tree, [test], [], *(["-Wl,--wrap=malloc"] if name == "model" else []))
+    compile_or_not("header/everything.cpp", tree / "everything.o")
+
+
+def noticed(suite):
+    """By which tests: the first ones, or all."""
+    found = set()
+    for names in suite:
+        found |= names
+        if found and not alone:
+            break
+    return sorted(found)
 
 
 def judge(mutant):
@@ -254,17 +291,18 @@ def judge(mutant):
         (tree / mutant.file).write_text(mutant.text, encoding="utf-8")
         if mutant.file.endswith("idioms.h"):
             test = tree / "idioms.o"
-            compiles = compile_test(tree, root / "tests/idioms_test.cpp", test)
-            return attempt(tree, [test], []) if compiles else "does not compile"
+            if not compile_test(tree, root / "tests/idioms_test.cpp", test):
+                raise Stillborn("does not compile")
+            return noticed([attempt(tree, [test], [])])
         objects = []
         for source in units(tree, users_of(mutant.file), pathlib.Path(mutant.file).parent.name):
             objects.append(tree / object_name(source))
             if not compile_one(tree, source, objects[-1], *library_flags):
-                return "does not compile"
-        verdict = objects and c_suite(tree, objects, mutant.file)
-        if not verdict and mutant.file.startswith("include/"):
-            verdict = typed_suite(tree)
-        return verdict
+                raise Stillborn("does not compile")
+        found = objects and noticed(c_suite(tree, objects, mutant.file))
+        if not found and mutant.file.startswith("include/"):
+            found = noticed(typed_suite(tree))
+        return found
     finally:
         shutil.rmtree(tree)
 
@@ -279,18 +317,14 @@ def equivalents():
             yield change.strip()
 
 
-def change_of(mutant):
-    return f"{mutant.file}: {mutant.old} => {mutant.new}".strip()
-
-
 def told(name):
     try:
         said = pathlib.Path(name).read_text(encoding="utf-8").splitlines()
     except OSError as error:
         sys.exit(f"mutants: {name}: {error.strerror}")
     changes_told = {line.removeprefix("survivor: ").strip() for line in said if line.startswith("survivor: ")}
-    drawn = [mutant for mutant in all_mutants() if change_of(mutant) in changes_told]
-    for gone in sorted(changes_told - set(map(change_of, drawn))):
+    drawn = [mutant for mutant in all_mutants() if mutant.change in changes_told]
+    for gone in sorted(changes_told - {mutant.change for mutant in drawn}):
         print(f"{'not to be had any more':44} {gone}", flush=True)
     return drawn
 
@@ -303,9 +337,10 @@ def main():
     elif words[:1] == ["again"] and len(words) == 2:
         drawn = told(words[1])
     else:
+        words = words[alone:]
         numbers = [int(w) for w in words] if all(w.isdigit() for w in words) and len(words) < 3 else None
         if numbers is None or numbers[:1] == [0]:
-            sys.exit("usage: mutants [N [SEED]] | mutants planted | mutants again FILE")
+            sys.exit("usage: mutants [alone] [N [SEED]] | mutants planted | mutants again FILE")
         count, seed = (numbers + [100, 1][len(numbers):])
         everything = list(all_mutants())
         random.Random(seed).shuffle(everything)
@@ -315,10 +350,11 @@ def main():
     build_sound()
     for part in ("c", "include"):
         shutil.copytree(root / part, work / part)
-    if verdict := c_suite(work, [], "c/frame/") or typed_suite(work): # else a test that is broken would hide survivors
-        sys.exit(f"mutants: the sound library: {verdict}")
+    for suite in c_suite(work, [], "c/frame/"), typed_suite(work): # a test that is broken would hide survivors
+        if found := noticed(suite):
+            sys.exit(f"mutants: the sound library fails in {', '.join(found)}")
     tallies = collections.Counter()
-    survivors = []
+    survivors, notices, only = [], collections.Counter(), collections.Counter()
     wanted = count or len(drawn)
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
         queue = iter(drawn)
@@ -329,17 +365,22 @@ def main():
             if not running:
                 break
             for future in concurrent.futures.wait(running, return_when="FIRST_COMPLETED").done:
-                mutant, verdict = running.pop(future), future.result()
-                change = change_of(mutant)
-                if verdict and verdict.startswith("does not") and words != ["planted"]:
-                    tallies["stillborn"] += 1
-                    continue
-                kind = "noticed" if verdict else "equivalent" if change in harmless else "survived"
+                mutant = running.pop(future)
+                try:
+                    found = future.result()
+                except Stillborn as reason:
+                    if words != ["planted"]:
+                        tallies["stillborn"] += 1
+                        continue
+                    found = [str(reason)]
+                kind = "noticed" if found else "equivalent" if mutant.change in harmless else "survived"
                 tallies[kind] += 1
                 if kind == "survived":
-                    survivors.append(change)
-                place = f"{mutant.file}:{mutant.line}"
-                print(f"{verdict or kind.upper():44} {place}: {mutant.old} => {mutant.new}", flush=True)
+                    survivors.append(mutant.change)
+                notices.update(found)
+                only.update(found if len(found) == 1 else [])
+                by = "noticed by " + ", ".join(found) if found else kind.upper()
+                print(f"{by:44} {mutant.file}:{mutant.line}: {mutant.old} => {mutant.new}", flush=True)
         for future in running:
             future.cancel()
     real = tallies["noticed"] + tallies["survived"]
@@ -348,6 +389,9 @@ def main():
           f"({100 * tallies['noticed'] / max(real, 1):.1f} % of the real ones noticed); "
           f"{tallies['stillborn']} more did not compile")
     print("".join(f"survivor: {change}\n" for change in survivors), end="")
+    if alone:
+        print("notices alone")
+        print("".join(f"{notices[name]:7} {only[name]:5} {name}\n" for name in sorted(notices, key=lambda n: only[n])))
     return tallies["survived"] * 100 > real
 
 
