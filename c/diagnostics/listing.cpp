@@ -3,7 +3,6 @@
 #include "frame/nodes.hpp"
 #include "ovant/engine/measure.hpp"
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -22,9 +21,8 @@ constexpr int default_field = 124;
 // Repeats remembers, which are fewer than half of this in a listing of any length.
 constexpr int most_repeats = 256;
 
-// Room for the picture of the deepest node that a tree can have.
-constexpr std::size_t picture_buffer =
-    std::max<std::size_t>(252, segment *static_cast<std::size_t>(tree_depth) + longest_mark + 1);
+constexpr std::size_t picture_buffer = 268;
+static_assert(picture_buffer > segment * tree_depth + longest_mark, "holds the picture of the deepest node there is");
 
 char *append(char *end, const char (&text)[segment + 1]) {
     std::memcpy(end, text, segment);

@@ -26,7 +26,7 @@ namespace {
 
 template <class Call> auto unless_interrupted(Call call) {
     auto result = call();
-    while (result < 0 && errno == EINTR)
+    while (result == -1 && errno == EINTR)
         result = call();
     return result;
 }
