@@ -36,7 +36,8 @@ public:
         constexpr void (Model::*operations[])() = {
             &Model::insert,        &Model::insert, &Model::insert_hinted, &Model::insert_hinted,
             &Model::insert_before, &Model::erase,  &Model::take,          &Model::cut_at_positions,
-            &Model::merge,         &Model::whole,  &Model::cut,           &Model::many};
+            &Model::merge,         &Model::whole,  &Model::cut,           &Model::cut,
+            &Model::many};
         for (int step = 0; step < steps && !::testing::Test::HasFailure(); step++) {
             const auto operation = random_() % (step % 200 < 80 ? 5 : std::size(operations));
             burns_ = step % 8 == 0;
@@ -145,7 +146,7 @@ private:
         EXPECT_EQ(seen.comparisons, 0);
     }
     void expect_all() {
-        expect_nodes(tree_, order_);
+        height_ = expect_nodes(tree_, order_);
         std::vector<Node> visited;
         tree_.for_each([&](Typed &x) { visited.push_back(&x); });
         EXPECT_TRUE(nodes_of(tree_) == order_ && visited == order_);
@@ -302,13 +303,41 @@ private:
         with_gap(below(gap_kinds), order_, key, [&](const auto &first, std::size_t begin) {
             with_gap(below(gap_kinds), order_, other_key, [&](const auto &last, std::size_t other) {
                 const std::size_t end = std::max(begin, other);
+                const std::vector<Node> inner(place(begin), place(end));
                 const auto between = tree_.between(first, last);
-                EXPECT_TRUE(nodes_of(between) == std::vector<Node>(place(begin), place(end)));
-                EXPECT_EQ(between.empty(), begin == end);
-                EXPECT_EQ(tree_.count(first, last), end - begin);
-                rejoin(call([&] { return tree_.extract(first, last); }), begin, leave(begin, end));
+                EXPECT_TRUE(nodes_of(between) == inner);
+                EXPECT_EQ(between.empty(), inner.empty());
+                EXPECT_EQ(tree_.count(first, last), inner.size());
+                if constexpr (is_summed<Tree>)
+                    expect_sums(first, begin, last, inner);
+                if (below(3) == 0) {
+                    std::size_t ended = 0;
+                    const auto end_it = [&](Typed *x) { ended++, spoil_link(x); };
+                    call([&] { tree_.erase(first, last, end_it); });
+                    EXPECT_EQ(ended, inner.size());
+                    return spare(leave(begin, end));
+                }
+                seen.comparisons = 0;
+                Tree part = call([&] { return tree_.extract(first, last); });
+                EXPECT_TRUE(burns_ || seen.comparisons <= 2 * height_);
+                rejoin(std::move(part), begin, leave(begin, end));
             });
         });
+    }
+    template <class First, class Last>
+    void expect_sums(const First &first, std::size_t begin, const Last &last, const std::vector<Node> &inner) {
+        using Summary = decltype(tree_.summary());
+        EXPECT_EQ(tree_.rank(first), begin);
+        EXPECT_TRUE(tree_.fold(first, last) == static_cast<Summary>(digest_of(inner)));
+        const auto never = [](const Summary &) { return false; };
+        const auto all = [&](const Summary &sum) { // of as many as are between, from the first one on
+            const std::vector<Node> some(place(begin), place(begin + std::size_t{sum}));
+            EXPECT_TRUE(sum == static_cast<Summary>(digest_of(some)));
+            return sum >= inner.size();
+        };
+        EXPECT_TRUE(tree_.first_passing(first, never) == tree_.end());
+        EXPECT_TRUE(tree_.first_passing(tree_.begin(), never) == tree_.end());
+        EXPECT_TRUE(inner.empty() || &*tree_.first_passing(first, all) == inner.back());
     }
     void cut_at_positions() {
         const std::size_t begin = random_() % (order_.size() + 1),
@@ -404,7 +433,7 @@ private:
 
     Host host_;
     std::mt19937 random_;
-    int burns_ = 0;
+    int burns_ = 0, height_ = 0;
     Tree tree_;
     std::vector<Node> order_, spare_;
     Walker walkers_[5];

@@ -94,10 +94,10 @@ template <class T> std::vector<T *> records(const std::vector<Node> &nodes) {
     return all;
 }
 
-// The tree is sound, summaries included, and holds these nodes in this order.
-template <class Tree> void expect_nodes(Tree &tree, const std::vector<Node> &order) {
+// The tree is sound, summaries included, and holds these nodes in this order; gives its height.
+template <class Tree> int expect_nodes(Tree &tree, const std::vector<Node> &order) {
     std::vector<Node> found;
-    check_below(root_of(tree), found, 0);
+    const int height = check_below(root_of(tree), found, 0);
     EXPECT_TRUE(found == order) << ::testing::PrintToString(keys_of(order)) << " is "
                                 << ::testing::PrintToString(keys_of(found));
     if constexpr (is_summed<Tree>) { // below the root by check(), which damage_test.cpp holds to it
@@ -105,6 +105,7 @@ template <class Tree> void expect_nodes(Tree &tree, const std::vector<Node> &ord
         EXPECT_STREQ(tree.check().reason, "sound");
         EXPECT_TRUE(tree.summary() == static_cast<Summary>(digest_of(order)));
     }
+    return height;
 }
 
 // A tree that every operation finds in its first shape.
@@ -117,10 +118,6 @@ template <class Tree> struct Plot {
             tree.refresh_all();
         seen.comparisons = 0;
         return tree;
-    }
-    std::vector<Node> part(std::size_t begin, std::size_t end) const {
-        return {first.order.begin() + static_cast<std::ptrdiff_t>(begin),
-                first.order.begin() + static_cast<std::ptrdiff_t>(end)};
     }
     Host host;
     Sapling first;

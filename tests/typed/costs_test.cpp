@@ -1,66 +1,8 @@
-// All small shapes crossed with all intervals; what operations cost in comparisons.
+// What searches and hints cost in comparisons, and that they find.
 #include "typed.hpp"
 
 namespace ovant::test {
 namespace {
-
-template <class Tree, class First, class Last>
-void expect_cut(Plot<Tree> &plot, const First &first, std::size_t begin, const Last &last, std::size_t end) {
-    const std::size_t size = plot.first.order.size();
-    const std::vector<Node> inner = plot.part(begin, end), behind = plot.part(end, size);
-    std::vector<Node> outer = plot.part(0, begin);
-    outer.insert(outer.end(), behind.begin(), behind.end());
-
-    Tree part = plot.fresh().extract(first, last);
-    EXPECT_LE(seen.comparisons, 2 * plot.first.height);
-    expect_nodes(part, inner);
-    expect_nodes(plot.tree, outer);
-    EXPECT_TRUE(!inner.empty() || plot.first.untouched());
-    begin == 0    ? plot.tree.prepend(std::move(part))
-    : end == size ? plot.tree.append(std::move(part))
-                  : plot.tree.merge(part);
-    expect_nodes(plot.tree, plot.first.order);
-
-    plot.fresh();
-    EXPECT_TRUE(nodes_of(plot.tree.between(first, last)) == inner);
-    if constexpr (is_summed<Tree>) {
-        EXPECT_EQ(plot.tree.count(first, last), inner.size());
-        EXPECT_EQ(plot.tree.rank(first), begin);
-        EXPECT_EQ(plot.tree.fold(first, last), digest_of(inner));
-        const auto all = [&](const Digest &sum) { // of as many as are between, from the first one on
-            EXPECT_EQ(sum, digest_of(plot.part(begin, begin + std::size_t{sum})));
-            return sum >= inner.size();
-        };
-        const auto never = [](const Digest &) { return false; };
-        EXPECT_TRUE(plot.tree.first_passing(first, never) == plot.tree.end());
-        EXPECT_TRUE(plot.tree.first_passing(plot.tree.begin(), never) == plot.tree.end());
-        EXPECT_TRUE(inner.empty() || &*plot.tree.first_passing(first, all) == inner.back());
-    }
-    plot.tree.erase(first, last, [](void *x) { spoil_link(x); });
-    expect_nodes(plot.tree, outer);
-}
-
-template <class Tree> void cut_everywhere(int longest_run) {
-    for_all_shapes(4, longest_run, [](const Shape &shape, Keys keys) {
-        Plot<Tree> plot(shape, keys);
-        // Gaps of all kinds around the keys and between them; in tall trees, around the keys, of all kinds at one.
-        const int most = keys.at(plot.first.order.size()), step = shape.height < 4 ? 5 : 10;
-        const auto kinds = [=](int key) { return step == 5 || key == keys.first ? gap_kinds : 2; };
-        for (int a = keys.first; a <= most; a += step)
-            for (int kind = 0; kind < kinds(a); kind++)
-                with_gap(kind, plot.first.order, a, [&](const auto &first, std::size_t begin) {
-                    for (int b = std::max(keys.first, a - 5); b <= most && !::testing::Test::HasFailure(); b += step)
-                        for (int other_kind = 0; other_kind < kinds(b); other_kind++)
-                            with_gap(other_kind, plot.first.order, b, [&](const auto &last, std::size_t end) {
-                                expect_cut(plot, first, begin, last, std::max(begin, end));
-                            });
-                });
-    });
-}
-TEST(AllShapes, AreCutAtAllGaps) {
-    cut_everywhere<SummedSet<ThreeWay>>(1);
-    cut_everywhere<Multiset<Predicate>>(3);
-}
 
 template <class Tree> struct Costs : ::testing::Test {};
 TYPED_TEST_SUITE(Costs, Trees);
