@@ -60,7 +60,7 @@ def readable(names):
 
 def main():
     library = sorted(set(root.glob("c/*/*.cpp")) - set(root.glob("c/platform/windows*")))
-    everything = root / "tests/header/everything.cpp" # each name of the C++ face once
+    everything = root / "trust/everything.cpp" # each name of the C++ face once
     complaints = []
     with tempfile.TemporaryDirectory() as folder:
         # Not optimised: every call of the source is in it.

@@ -263,14 +263,14 @@ def c_suite(tree, objects, file):
 
 def typed_suite(tree):
     def compile_or_not(source, target, *flags):
-        if not compile_test(tree, root / "tests" / source, target, *flags):
+        if not compile_test(tree, root / source, target, *flags):
             raise Stillborn("does not compile")
 
     for name, checks in typed_tests:
         test = tree / f"{name}.o"
-        compile_or_not(f"typed/{name}_test.cpp", test, f"-DOVANT_CHECKS={checks}")
+        compile_or_not(f"tests/typed/{name}_test.cpp", test, f"-DOVANT_CHECKS={checks}")
         yield attempt(tree, [test], [], *(["-Wl,--wrap=malloc"] if name == "model" else []))
-    compile_or_not("header/everything.cpp", tree / "everything.o")
+    compile_or_not("trust/everything.cpp", tree / "everything.o")
 
 
 def noticed(suite):

@@ -1,5 +1,6 @@
-// Every public name of the typed face once, in sets and multisets, with each kind of key and comparator: for compilers
-// and clang-tidy, which see in a template only what somebody uses.  Other tests say whether it is right.
+// Every public name of the typed face once, in sets and multisets, with each kind of key and comparator: for the call
+// graph, compilers and clang-tidy, which see in a template only what somebody uses.  Other tests say whether it is
+// right.
 #include <ovant/ranges.hpp>
 
 #include <algorithm>
