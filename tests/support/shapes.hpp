@@ -81,6 +81,29 @@ private:
         return node;
     }
 };
+
+// Looks at the tree with each link of each node bent to each node and to nothing, and each balance set to others.
+template <class Look> void damage_each_node(const Sapling &tree, bool with_links, Look look) {
+    std::vector<Node> targets = tree.order;
+    targets.push_back(nullptr);
+    for (const Node node : tree.order) {
+        const AVL_Link link = link_of(node);
+        const auto look_with = [&](Node left, Node right, int balance) {
+            SCOPED_TRACE(::testing::Message()
+                         << "record " << id_of(node) << ' ' << left << ' ' << right << ' ' << balance);
+            set_link(node, left, right, balance);
+            look();
+            tree.restore();
+        };
+        for (std::size_t i = 0; i < targets.size() && with_links; i++) {
+            look_with(targets[i], link.Right, link.Balance);
+            look_with(link.Left, targets[i], link.Balance);
+        }
+        for (const int balance : {-128, -2, -1, 0, 1, 2, 127})
+            look_with(link.Left, link.Right, balance);
+    }
+}
+
 // A host whose tree every call finds in its first shape; the order of its keys goes with the length of the runs.
 struct Bed : Host, Sapling {
     explicit Bed(const Shape &shape, Keys keys_ = {})
