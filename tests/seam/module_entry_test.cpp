@@ -89,8 +89,10 @@ TEST(ModuleEntry, TraceIsBounded) {
     steps.clear();
     DebugTrace(nullptr);
     DebugTrace("%s", "");
+    DebugTrace("%s", "x");
     DebugTrace("%s", std::string(5000, 'x').c_str());
-    EXPECT_EQ(steps, (Steps{"save", "restore", "save", "debug " + std::string(4095, 'x'), "restore"}));
+    EXPECT_EQ(steps, (Steps{"save", "restore", "save", "debug x", "restore", "save", "debug " + std::string(4095, 'x'),
+                            "restore"}));
 }
 
 TEST(DefaultHandler, GoesOnOrStopsByTheAnswer) {
