@@ -222,7 +222,7 @@ def of_gtest(program):
         found.update(re.findall(r"\[  FAILED  \] (\w+(?:/\w+)?\.[\w/]+)", said))
         ran += re.findall(r"\[ RUN      \] ([\w./]+)", said)
         if code not in (0, 1) or code and not found: # died in the last one that began
-            found.add(ran[-1])
+            found.add(ran[-1] if ran[1:] else "a crash before the first test")
         if code in (0, 1) or not alone:
             break
     return {re.sub(r"/\d+", "", name) for name in found}
