@@ -112,6 +112,10 @@ template <int Descriptor> int use_pipe() { // gives its other end
     dup2(ends[Descriptor != STDIN_FILENO], Descriptor);
     return ends[Descriptor == STDIN_FILENO];
 }
+[[maybe_unused]] void refuse_descriptors() {
+    const rlimit none = {0, 0};
+    setrlimit(RLIMIT_NOFILE, &none);
+}
 [[maybe_unused]] void use_full_pipe() {
     use_pipe<STDERR_FILENO>();
     fcntl(STDERR_FILENO, F_SETFL, O_NONBLOCK);
@@ -137,6 +141,7 @@ TEST(DefaultHandler, AsksThePersonAtATerminalAndTrapsElsewhere) {
                 {nullptr, [] { dup2(open("/dev/full", O_WRONLY), STDERR_FILENO); }, SIGTRAP, false},
 #ifndef OVANT_EMULATED // an emulator does not come back from there
                 {nullptr, use_full_pipe, SIGTRAP, false},
+                {"r\n", refuse_descriptors, SIGTRAP, false}, // poll fails
 #endif
                 {"r\n", [] {}, 0, true},
                 {"R\n", interrupt_often, 0, true},
