@@ -145,7 +145,7 @@ TEST(DefaultHandler, AsksThePersonAtATerminalAndTrapsElsewhere) {
 #endif
                 {"r\n", [] {}, 0, true},
                 {"R\n", interrupt_often, 0, true},
-                {"c\n", [] { most_written = 7; }, SIGTRAP, true},
+                {"c\n", [] { most_written = 1; }, SIGTRAP, true},
                 {"\n", [] {}, SIGTRAP, true},
                 {"\004", [] {}, SIGTRAP, true},
                 {"r\n", [] { use_pipe<0>(); }, SIGTRAP, false},

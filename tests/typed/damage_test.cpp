@@ -130,7 +130,9 @@ TEST(Damage, DeeperThanAnyTreeEndsTheCheck) {
         set_link(n, nullptr, std::exchange(chain, n), 0);
     }
     tree.adopt(static_cast<Typed *>(chain));
-    EXPECT_STREQ(tree.check().reason, "wrong balance");
+    const auto found = tree.check();
+    EXPECT_STREQ(found.reason, "wrong balance");
+    EXPECT_EQ(id_of(found.record), 299 - engine::greatest_height(sizeof(Typed)));
 }
 
 } // namespace

@@ -64,6 +64,7 @@ using Times = std::vector<int>;
 TEST(Ranges, AlgorithmsAndViewsTakeTreesAndIntervals) {
     Event events[6];
     Day day;
+    EXPECT_TRUE(Interval().empty() && !Interval());
     for (int i = 0; i < 6; i++) {
         events[i].time = 10 * (5 - i);
         day.insert(events[i]);
