@@ -28,8 +28,9 @@ TEST(Picture, TakesTheBlockItNeeds) {
         char *made = refused_until_made([=] { return AVL_GetString(tree, position, nullptr); });
         EXPECT_STREQ(made, told);
         EXPECT_EQ(memory.size, std::strlen(told) + 1);
+        given[memory.size] = '?'; // right behind the text
         EXPECT_EQ(AVL_GetString(tree, position, given), given);
-        EXPECT_STREQ(given, told);
+        EXPECT_TRUE(std::strcmp(given, told) == 0 && given[memory.size] == '?') << given;
         std::free(made);
     }
     tree->Stack[1].Dir = DIR_NEW; // no side: that level has no column

@@ -14,7 +14,9 @@ enum Operation { unite, intersect, subtract, merge };
 int expect_algebra(const std::vector<Node> &first, const std::vector<Node> &second, Operation operation,
                    bool second_wins, Tree &mine, Tree &theirs) {
     std::vector<Node> lost;
-    const auto wins = [=](Summed &a, Summed &b) -> Summed & { return second_wins ? b : a; };
+    for (const Node n : second) // the host chooses by what is in a record
+        static_cast<Summed *>(n)->head[0] = 2;
+    const auto wins = [=](Summed &a, Summed &b) -> Summed & { return (b.head[0] == 2) == second_wins ? b : a; };
     const auto lose = [&](Summed *x) {
         lost.push_back(x);
         spoil_link(x);
