@@ -35,6 +35,13 @@ wrong 'ovant: the comparator does not take two keys' \
      ovant::set<&Item::link, &Item::key, Compare> tree;'
 wrong 'ovant: .*wants keys that have <=> and ==' \
     'struct Plain {}; struct Record { ovant::link link; Plain key; }; ovant::set<&Record::link, &Record::key> tree;'
+# Of a key of several parts one wrong part is enough.
+wrong 'ovant: the key is a member of the record' \
+    'struct Other { int key; }; int of(const Other &x) { return x.key; }
+     ovant::set<&Item::link, ovant::keys<&Item::key, of>> tree;'
+wrong 'ovant: .*wants keys that have <=> and ==' \
+    'struct Plain {}; struct Record { ovant::link link; int key; Plain plain; };
+     ovant::set<&Record::link, ovant::keys<&Record::key, &Record::plain>> tree;'
 wrong 'ovant: the comparator does not take what is sought' 'auto found(Set &tree) { return tree.find("x"); }'
 wrong 'ovant: the comparator does not take what is sought' 'auto gone(Multiset &tree) { return tree.erase("x"); }'
 # A compiler that cannot give the reason of a deleted function shows the function.

@@ -54,6 +54,7 @@ template <class Tree> void expect_verdict(const Host &host, Tree &tree) {
     for (std::size_t i = 0; way != "root" && i < way.size(); i += way[i] == 'l' ? 6 : 7) // "left, right"
         at = way[i] == 'l' ? link_of(at).Left : link_of(at).Right;
     EXPECT_EQ(at, found.record) << way;
+    EXPECT_EQ(way.empty(), !found);
 }
 
 template <class Tree> void judge_damage(const Shape &shape, Keys keys) {
