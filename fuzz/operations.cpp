@@ -16,12 +16,11 @@ struct Tally { // told at the end of the process
     unsigned long operations = 0;
     ~Tally() { std::fprintf(stderr, "operations: %lu done\n", operations); }
 } tally;
-const char *at_work = "nothing"; // the operation in progress
 
 void require(bool holds, const char *what) {
     if (holds && !::testing::Test::HasFailure())
         return;
-    std::fprintf(stderr, "operations: %s: %s\n", at_work, holds ? "see above" : what);
+    std::fprintf(stderr, "operations: %s: %s\n", memory.at_work, holds ? "see above" : what);
     std::abort();
 }
 
@@ -142,13 +141,13 @@ constexpr struct {
 void step(Machine &m, std::size_t code, bool variant) {
     const std::size_t grows = std::size(growing), fixed = std::size(others);
     if (code < 96) {
-        at_work = growing[code % grows].name;
+        memory.at_work = growing[code % grows].name;
         growing[code % grows].run(m);
     } else if (const std::size_t operation = (code - 96) % (fixed + std::size(range_ops)); operation < fixed) {
-        at_work = others[operation].name;
+        memory.at_work = others[operation].name;
         others[operation].run(m);
     } else {
-        at_work = range_ops[operation - fixed].name;
+        memory.at_work = range_ops[operation - fixed].name;
         range(m, range_ops[operation - fixed], variant);
     }
 }

@@ -13,7 +13,7 @@ void __real_free(void *block);
 
 void *__wrap_realloc(void *block, std::size_t size) {
     if (memory.forbidden) {
-        std::fputs("a tree operation asks for memory\n", stderr);
+        std::fprintf(stderr, "%s asks for memory\n", memory.at_work);
         std::abort();
     }
     if (++memory.requests == memory.refused)

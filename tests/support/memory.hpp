@@ -16,6 +16,7 @@ struct Memory {
     std::size_t size = 0;  // of the last block
     std::size_t total = 0; // of all blocks so far
     bool forbidden = false;
+    const char *at_work = "a tree operation"; // which would be to blame
 };
 inline Memory memory;
 

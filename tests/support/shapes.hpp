@@ -82,8 +82,9 @@ private:
     }
 };
 
-// Looks at the tree with each link of each node bent to each node and to nothing, and each balance set to others.
-template <class Look> void damage_each_node(const Sapling &tree, bool with_links, Look look) {
+// Looks at the tree with each link of each node bent to each node and to nothing, and each balance set to every value;
+// or, where that takes too long, with each balance set to some.
+template <class Look> void damage_each_node(const Sapling &tree, bool in_every_way, Look look) {
     std::vector<Node> targets = tree.order;
     targets.push_back(nullptr);
     for (const Node node : tree.order) {
@@ -95,12 +96,13 @@ template <class Look> void damage_each_node(const Sapling &tree, bool with_links
             look();
             tree.restore();
         };
-        for (std::size_t i = 0; i < targets.size() && with_links; i++) {
+        for (std::size_t i = 0; i < targets.size() && in_every_way; i++) {
             look_with(targets[i], link.Right, link.Balance);
             look_with(link.Left, targets[i], link.Balance);
         }
-        for (const int balance : {-128, -2, -1, 0, 1, 2, 127})
-            look_with(link.Left, link.Right, balance);
+        for (int balance = -128; balance < 128; balance++)
+            if (in_every_way || std::abs(balance) <= 2 || std::abs(balance) >= 127)
+                look_with(link.Left, link.Right, balance);
     }
 }
 

@@ -61,6 +61,8 @@ TEST(WrongUse, EndsTheProcessWithAWord) {
         {[](Scene &s) { s.tree.prepend(std::move(s.other)); }, joined},
         {[](Scene &s) { s.tree.assign_sorted(s.falling()); }, "assign_sorted was given records out of order"},
         {[](Scene &s) { s.tree.insert_sorted(s.falling()); }, "insert_sorted was given records out of order"},
+        {[](Scene &s) { s.tree.find_or_insert(15, [&] { return &s.at(8); }); },
+         "the record that was made has another key than the one asked for"},
         {[](Scene &s) { s.counted.find_or_insert(85, [&] { return static_cast<Summed *>(s.nodes[8]); }); },
          "the record that was made has another key than the one asked for"},
         {[](Scene &s) { s.counted.begin() += 2; }, "a position goes beyond the end of its tree"},
