@@ -101,24 +101,19 @@ template <bool FromLeft> void join(Machine &m) {
 struct InOrder {
     auto operator()(int a, int b) const { return sense * a <=> sense * b; }
 };
-template <bool Inserts> void typed_step(Machine &m) {
+void typed_extract(Machine &m) {
     ovant::multiset<&Typed::link, &Typed::key, InOrder> tree;
     tree.adopt(static_cast<Typed *>(AVL_GetTree(m.tree)));
     const auto [low, high] = std::minmax(m.key, m.other);
     require(nodes_of(tree) == m.order, "another walk");
-    if (Inserts) {
-        const Node node = m.host.record(low);
-        put_in(m.order, run_of(m.order, low).back, node);
-        tree.insert(typed(node));
-    } else {
-        auto out = tree.extract(ovant::before(sense * low), ovant::after(sense * high));
-        require(nodes_of(out) == part(m.order, range_ops[4], low, high).goes, "another range came out");
-        if (low % 2)
-            tree.merge(out);
-        else
-            m.order = part(m.order, range_ops[4], low, high).stays;
-        out.clear();
-    }
+    const Parted parted = part(m.order, range_ops[4], low, high);
+    auto out = tree.extract(ovant::before(sense * low), ovant::after(sense * high));
+    require(nodes_of(out) == parted.goes, "another range came out");
+    if (low % 2)
+        tree.merge(out);
+    else
+        m.order = parted.stays;
+    out.clear();
     m.tree->Root = tree.release();
 }
 
@@ -126,8 +121,7 @@ constexpr struct {
     const char *name;
     void (*run)(Machine &m);
 } growing[] = {{"AVL_InsertStabil", insert<AVL_InsertStabil, true>},
-               {"AVL_InsertUnique", insert<AVL_InsertUnique, false>},
-               {"typed insert", typed_step<true>}},
+               {"AVL_InsertUnique", insert<AVL_InsertUnique, false>}},
   others[] = {{"AVL_GetPfad", remove<AVL_MakeKey, false>},
               {"AVL_DelPfad", remove<AVL_MakeKey, true>},
               {"AVL_GetPfad of the first", remove<AVL_MakeFirstKey, false>},
@@ -136,7 +130,7 @@ constexpr struct {
               {"AVL_GetMax", remove_last},
               {"AVL_ConcatLess", join<true>},
               {"AVL_ConcatGreater", join<false>},
-              {"typed extract", typed_step<false>}};
+              {"typed extract", typed_extract}};
 
 void step(Machine &m, std::size_t code, bool variant) {
     const std::size_t grows = std::size(growing), fixed = std::size(others);

@@ -92,27 +92,6 @@ TEST(Range, KillsAndJoinsAsDrawn) {
     }
 }
 
-// Which asks the repair for every lean that two of them can make.
-TEST(Range, JoinsAllPairsOfSmallTrees) {
-    Host host;
-    std::vector<Sapling> lefts, rights;
-    for_all_shapes(4, 1, [&](const Shape &shape, Keys) {
-        lefts.emplace_back(host, shape);
-        rights.emplace_back(host, shape, Keys{1, 1000});
-    });
-    for (const Sapling &left : lefts)
-        for (const Sapling &right : rights)
-            for (const bool from_left : {true, false}) {
-                const StackGuard guard(host.tree, std::max(left.height, right.height));
-                host.tree->Root = (from_left ? left : right).restore();
-                (from_left ? AVL_ConcatLess : AVL_ConcatGreater)(host.tree, (from_left ? right : left).restore());
-                std::vector<Node> order = left.order;
-                order.insert(order.end(), right.order.begin(), right.order.end());
-                expect_tree(host.tree, order);
-                ASSERT_FALSE(HasFailure()) << "shapes " << &left - &lefts[0] << " and " << &right - &rights[0];
-            }
-}
-
 TEST(Range, NothingIsReadWhereThereIsNothing) {
     Host host(AVL_CMP_HandlePointer);
     AVL_Tree *const tree = host.tree;
@@ -129,7 +108,8 @@ TEST(Range, NothingIsReadWhereThereIsNothing) {
     expect_empty(77, AVL_MakeBetweenEqualEqual, gone, gone);
     expect_empty(77, AVL_MakeBetweenEqualLess, gone, gone);
     expect_empty(DIR_HERE, AVL_MakeBetweenGreaterLess, gone, gone);
-    EXPECT_FALSE(AVL_SearchKey(tree, gone) || AVL_InsertStabil(tree, gone, nullptr) || AVL_GetLess(tree, gone));
+    EXPECT_FALSE(AVL_SearchKey(tree, gone) || AVL_InsertStabil(tree, gone, nullptr) || AVL_GetLess(tree, gone) ||
+                 AVL_GetPfad(tree, tree->Stack));
 }
 
 TEST(Range, WhatGoesUnvisitedIsNotRead) {

@@ -73,19 +73,9 @@ void remove_each(const Shape &shape, Keys keys = {}) {
                     expect_removal(bed, removal, i, stays);
         }
 }
-void remove_nothing(const Shape &shape, Keys keys) {
-    const Bed bed(shape, keys);
-    const int absent = keys.at(bed.order.size() / 2) - 5;
-    seen.answer = nullptr; // the toggle asks Malloc, and there is no node
-    for (const Removal &removal : removals)
-        EXPECT_FALSE((bed.order.empty() || removal.end == 0) && removal.run(bed.tree, &absent)) << removal.name;
-    EXPECT_TRUE(bed.is_fresh());
-    EXPECT_EQ(seen.calls, (std::vector<Call>{{Handler::malloc, nullptr, &absent, &context}}));
-}
 TEST(Removal, LeavesSoundTreesAtEveryNode) {
     std::mt19937 random(1);
     for_all_shapes(4, 1, remove_each);
-    for_all_shapes(4, 1, remove_nothing);
     for (const Shape &shape : {leaning_shape(9, -1), leaning_shape(9, 1), full_shape(6), random_shape(7, random)})
         remove_each(shape);
 }

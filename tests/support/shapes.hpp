@@ -82,6 +82,14 @@ private:
     }
 };
 
+// Records of one key, each the right child of the one before: deeper than any tree can be.
+inline std::vector<Node> make_chain(Host &host) {
+    std::vector<Node> chain(200);
+    for (std::size_t i = chain.size(); i-- > 0;)
+        set_link(chain[i] = host.record(1), nullptr, i + 1 < chain.size() ? chain[i + 1] : nullptr, 0);
+    return chain;
+}
+
 // Looks at the tree with each link of each node bent to each node and to nothing, and each balance set to every value;
 // or, where that takes too long, with each balance set to some.
 template <class Look> void damage_each_node(const Sapling &tree, bool in_every_way, Look look) {

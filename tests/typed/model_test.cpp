@@ -432,9 +432,9 @@ private:
             tree_.adopt(tree_.release());
         } else if (form == 8) {
             std::vector<Node> gone;
-            const std::size_t most = order_.size() - random_() % (order_.size() + 1) / 3;
+            const std::size_t most = random_() % (2 * order_.size() + 1);
             const bool left = tree_.dispose_some(most, [&](Typed *x) { gone.push_back(x); });
-            EXPECT_TRUE(gone == leave(0, most) && left == !order_.empty());
+            EXPECT_TRUE(gone == leave(0, std::min(most, order_.size())) && left == !order_.empty());
             spare(gone);
         }
         seat(form <= 8);
