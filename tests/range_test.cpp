@@ -110,6 +110,7 @@ TEST(Range, NothingIsReadWhereThereIsNothing) {
     expect_empty(DIR_HERE, AVL_MakeBetweenGreaterLess, gone, gone);
     EXPECT_FALSE(AVL_SearchKey(tree, gone) || AVL_InsertStabil(tree, gone, nullptr) || AVL_GetLess(tree, gone) ||
                  AVL_GetPfad(tree, tree->Stack));
+    AVL_DelPfad(tree, tree->Stack, gone, nullptr);
 }
 
 TEST(Range, WhatGoesUnvisitedIsNotRead) {

@@ -82,11 +82,13 @@ private:
     }
 };
 
-// Records of one key, each the right child of the one before: deeper than any tree can be.
-inline std::vector<Node> make_chain(Host &host) {
-    std::vector<Node> chain(200);
-    for (std::size_t i = chain.size(); i-- > 0;)
-        set_link(chain[i] = host.record(1), nullptr, i + 1 < chain.size() ? chain[i + 1] : nullptr, 0);
+// Records of one key, each the right child of the one before, or both its children.  200 are deeper than any tree.
+inline std::vector<Node> make_chain(Host &host, std::size_t length, bool both) {
+    std::vector<Node> chain(length);
+    for (std::size_t i = chain.size(); i-- > 0;) {
+        const Node below = i + 1 < chain.size() ? chain[i + 1] : nullptr;
+        set_link(chain[i] = host.record(1), both ? below : nullptr, below, 0);
+    }
     return chain;
 }
 
