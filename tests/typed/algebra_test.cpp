@@ -9,8 +9,8 @@ namespace {
 using Tree = SummedSet<ThreeWay>;
 enum Operation { unite, intersect, subtract, merge };
 
-// One operation on the trees of two plots: comparators that throw at the first question, at the second one and so on
-// are met as long as there is one to ask, and no record is lost by it.  Gives the comparisons of the whole operation.
+// One operation on the trees of two plots; gives its comparisons.  If it burns, a comparator has thrown before, at the
+// first question, at the second one and so on, and no record was lost by that.
 int expect_algebra(Plot<Tree> &one, Plot<Tree> &other, Operation operation, bool second_wins, bool burns = false) {
     const std::vector<Node> &first = one.first.order, &second = other.first.order;
     std::vector<Node> lost;
@@ -64,12 +64,13 @@ int expect_algebra(Plot<Tree> &one, Plot<Tree> &other, Operation operation, bool
     EXPECT_EQ(lost, expected[operation].lost);
     return comparisons;
 }
-// All shapes against all, interleaved in several ways.
-TEST(Algebra, AgreesWithTheStandardLibraryOnAllSmallShapes) {
+// All shapes against all, interleaved in several ways, or one tree behind the other.
+TEST(Algebra, AgreesWithTheStandardLibrary) {
     for_all_shapes(3, 1, [](const Shape &a, Keys) {
         Plot<Tree> first(a, {1, 40, 10});
         for_all_shapes(3, 1, [&](const Shape &b, Keys) {
-            for (const Keys keys : {Keys{1, 10, 10}, {1, 65, 10}, {1, 35, 5}, {1, 0, 20}}) {
+            for (const Keys keys :
+                 {Keys{1, 10, 10}, {1, 65, 10}, {1, 35, 5}, {1, 0, 20}, {1, 200, 10}, {1, -200, 10}}) {
                 Plot<Tree> second(b, keys);
                 for (const Operation operation : {unite, intersect, subtract, merge})
                     for (const bool second_wins : {false, operation < subtract})
@@ -82,6 +83,10 @@ TEST(Algebra, AgreesWithTheStandardLibraryOnAllSmallShapes) {
         first.tree.subtract(first.tree);
         expect_nodes(first.tree, {});
     });
+    std::mt19937 random(12);
+    Plot<Tree> first(random_shape(8, random)), second(random_shape(6, random), {1, 0, 35});
+    for (const Operation operation : {unite, intersect, subtract, merge})
+        expect_algebra(first, second, operation, true, true);
 }
 
 // Twice what the possible outcomes ask for, whatever the sizes; every other record of the smaller tree is an equal.
@@ -89,8 +94,8 @@ TEST(Algebra, OfLargeTreesTakesFewComparisons) {
     Plot<Tree> large(leaning_shape(19, -1));
     for (int height = 1; height <= 13; height++) {
         Plot<Tree> small(full_shape(height), {1, 15, 5 + (10 << (13 - height))});
-        const double n = std::ldexp(1, height), m = static_cast<double>(large.first.order.size());
-        const double most = n * (2 * std::log2(m / n + 1) + 1);
+        const double m = std::ldexp(1, height), n = static_cast<double>(large.first.order.size());
+        const double most = m * (2 * std::log2(n / m + 1) + 1);
         for (const Operation operation : {unite, intersect, subtract, merge}) {
             EXPECT_LE(expect_algebra(large, small, operation, false), most) << height;
             EXPECT_LE(expect_algebra(small, large, operation, false), most) << height;
