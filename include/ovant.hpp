@@ -26,9 +26,10 @@
 //     Dispose   ovant::unowned (the default); or what ends a record that goes, std::default_delete<Record> say: then
 //               the tree owns its records
 //
-// What a key is sought by may be of any type that the comparator takes beside the key's; where the machine compares the
-// key itself (numbers, pointers, enumerations), it is converted to the key's type.  Where a key has several parts,
-// find(a) and ovant::before(a) mean all records with that first part, ovant::key(a, b) those with the first two.
+// What a key is sought by may be of any type that the comparator takes beside the key's: as its first argument, or, if
+// it does not go there, as its second; by a predicate as both.  Where the machine compares the key itself (numbers,
+// pointers, enumerations), it is converted to the key's type.  Where a key has several parts, find(a) and
+// ovant::before(a) mean all records with that first part, ovant::key(a, b) those with the first two.
 //
 // Bounds are gaps between records: ovant::before(k), ovant::after(k), ovant::partition_point(predicate), ovant::start,
 // ovant::finish.  Two of them name every interval, for between, count, extract and erase alike.
