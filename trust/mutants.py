@@ -270,6 +270,8 @@ def typed_suite(tree):
         test = tree / f"{name}.o"
         compile_or_not(f"tests/typed/{name}_test.cpp", test, f"-DOVANT_CHECKS={checks}")
         yield attempt(tree, [test], [], *(["-Wl,--wrap=malloc"] if name == "model" else []))
+    wrong_uses = ["bash", str(root / "tests/header/errors.sh"), str(tree), compiler]
+    yield {"header.errors"} if run(wrong_uses, seconds=600)[0] else set()
     compile_or_not("trust/everything.cpp", tree / "everything.o")
 
 
