@@ -104,11 +104,11 @@ TEST(Damage, OneBentLinkOrBalance) {
     int nodes = 0;
     look_at_damage(chosen_shape(6, [&nodes](int) { return nodes++ % 4 < 3 ? 1 : -1; }), {});
     Bed bed(full_shape(3));
-    for (const auto &[length, both] : {std::pair(200u, false), {200u, true}, {60u, true}}) {
-        const std::vector<Node> chain = make_chain(bed, length, both);
+    for (const auto &[length, sides] : {std::pair(200u, 1), {200u, 2}, {200u, 3}, {60u, 3}}) {
+        const std::vector<Node> chain = make_chain(bed, length, sides);
         for (const Node end : {Node{}, chain.front(), chain.back()}) {
-            set_link(chain.back(), nullptr, end, 0);
-            look_at(*bed.tree, chain.front(), both);
+            hang_below(chain.back(), end, sides);
+            look_at(*bed.tree, chain.front(), sides == 3);
         }
     }
     set_balance(bed.root, 5);

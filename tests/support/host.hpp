@@ -126,8 +126,8 @@ public:
     std::deque<Record> bytes() const { return records_; } // a copy, to compare with later
     bool operator==(const std::deque<Record> &before) const { return records_ == before; }
 
-    const bool forbidden_before =
-        std::exchange(memory.forbidden, false); // above the tree, whose making is no tree operation
+    // Stands above the tree, whose making is no tree operation.
+    const bool forbidden_before = std::exchange(memory.forbidden, false);
     AVL_Tree *const tree;
 
 private:

@@ -82,13 +82,15 @@ private:
     }
 };
 
-// Records of one key, each the right child of the one before, or both its children.  200 are deeper than any tree.
-inline std::vector<Node> make_chain(Host &host, std::size_t length, bool both) {
+// As the left child (1), the right one (2) or both (3).
+inline void hang_below(Node node, Node below, int sides) {
+    set_link(node, sides & 1 ? below : nullptr, sides & 2 ? below : nullptr, 0);
+}
+// Records of one key, each hung below the one before.  200 are deeper than any tree.
+inline std::vector<Node> make_chain(Host &host, std::size_t length, int sides) {
     std::vector<Node> chain(length);
-    for (std::size_t i = chain.size(); i-- > 0;) {
-        const Node below = i + 1 < chain.size() ? chain[i + 1] : nullptr;
-        set_link(chain[i] = host.record(1), both ? below : nullptr, below, 0);
-    }
+    for (std::size_t i = chain.size(); i-- > 0;)
+        hang_below(chain[i] = host.record(1), i + 1 < chain.size() ? chain[i + 1] : nullptr, sides);
     return chain;
 }
 

@@ -113,7 +113,7 @@ TEST(Damage, ATrueBalanceMayBeWrong) {
 TEST(Damage, DeeperThanAnyTreeEndsTheCheck) {
     Host host;
     Multiset<ThreeWay> tree;
-    const std::vector<Node> chain = make_chain(host, 200, false);
+    const std::vector<Node> chain = make_chain(host, 200, 2);
     tree.adopt(static_cast<Typed *>(chain[0]));
     const auto found = tree.check();
     EXPECT_STREQ(found.reason, "wrong balance");

@@ -71,7 +71,7 @@ template <class Entry> struct Removed {
 // Takes the node at top out, without losing the place.
 template <class Nodes, class Entry> Removed<Entry> remove_at(Nodes nodes, Entry *bottom, Entry *top) {
     SavedLink saved = read_links(nodes, top->Node);
-    const bool next_takes_over = saved.right && saved.balance >= 0; // as where the left side is not higher
+    const bool next_takes_over = saved.right && saved.balance >= 0; // unless the left side is higher
     const Change change = unlink(nodes, top, saved);
     shrink(nodes, bottom, top, change, own_dir, AfterLoss<Entry>{&top});
     const Node root = bottom->Node;
