@@ -27,8 +27,9 @@
 //               the tree owns its records
 //
 // What a key is sought by may be of any type that the comparator takes beside the key's: as its first argument, or, if
-// it does not go there, as its second; by a predicate as both.  Where the machine compares the key itself (numbers,
-// pointers, enumerations), it is converted to the key's type.  Where a key has several parts, find(a) and
+// it does not go there, as its second; by a predicate as both.  An array may go as a pointer: a literal finds a string,
+// and none is made for it.  Where the machine compares the key itself (numbers, pointers, enumerations), or the
+// comparator takes none of that, it is converted to the key's type.  Where a key has several parts, find(a) and
 // ovant::before(a) mean all records with that first part, ovant::key(a, b) those with the first two.
 //
 // Bounds are gaps between records: ovant::before(k), ovant::after(k), ovant::partition_point(predicate), ovant::start,

@@ -35,6 +35,9 @@ template <class... Values> constexpr key_values<Values...> key(Values... values)
 
 namespace typed {
 
+template <class K> struct kept { using type = K; };
+template <class K> struct kept<K &> { using type = const K &; };
+
 template <class K> inline constexpr bool is_key_values = false;
 template <class... Values> inline constexpr bool is_key_values<key_values<Values...>> = true;
 
@@ -73,6 +76,24 @@ template <class K>
 concept machine_value = std::is_arithmetic_v<K> || std::is_enum_v<K> || std::is_pointer_v<K>;
 template <class Compare, class K>
 concept compared_in_place = machine_value<K> && std::is_same_v<Compare, std::compare_three_way>;
+
+// The type in which what is sought, an A, goes to a comparator beside a key B: its own, if it is taken there; that of a
+// pointer, for an array such as a literal that is taken as one; that of the key, if there is a conversion.
+template <class Compare, class A, class B> constexpr auto way_to_seek() {
+    constexpr auto taken = []<class X>(kept<X>) { return compares<Compare, X, B> || compares<Compare, B, X>; };
+    if constexpr (compared_in_place<Compare, B> && std::is_convertible_v<const A &, B>)
+        return kept<B>();
+    else if constexpr (taken(kept<A>()))
+        return kept<const A &>();
+    else if constexpr (std::is_array_v<A> && taken(kept<std::decay_t<const A>>()))
+        return kept<std::decay_t<const A>>();
+    else if constexpr (std::is_convertible_v<const A &, B>)
+        return kept<B>();
+    else
+        return kept<const A &>();
+}
+template <class Compare, class A, class B>
+using sought_as = typename decltype(way_to_seek<Compare, A, std::remove_cvref_t<B>>())::type;
 
 struct direction {
     int dir;
@@ -118,8 +139,9 @@ template <class Compare, class A, class B> constexpr auto ask(const Compare &com
     }
 }
 template <class Compare, class A, class B> int direction_of(const Compare &compare, const A &sought, const B &key) {
-    if constexpr (!std::is_same_v<A, B> && compared_in_place<Compare, B> && std::is_convertible_v<const A &, B>)
-        return direction_of(compare, static_cast<B>(sought), key);
+    using As = sought_as<Compare, A, B>;
+    if constexpr (!std::is_same_v<A, std::remove_cvref_t<As>>)
+        return direction_of(compare, static_cast<As>(sought), key);
     else {
         const auto answer = ask(compare, sought, key);
         return answer.left() ? -1 : answer.right() ? +1 : 0;
@@ -128,8 +150,9 @@ template <class Compare, class A, class B> int direction_of(const Compare &compa
 
 // Whether none of that can throw.
 template <class Compare, class A, class B> constexpr bool asks_quietly() {
-    if constexpr (compared_in_place<Compare, B> && std::is_convertible_v<const A &, B>)
-        return std::is_nothrow_convertible_v<const A &, B>;
+    using As = sought_as<Compare, A, B>;
+    if constexpr (!std::is_same_v<A, std::remove_cvref_t<As>>)
+        return std::is_nothrow_convertible_v<const A &, As> && asks_quietly<Compare, std::remove_cvref_t<As>, B>();
     else if constexpr (compares_as_predicate<Compare, A, B>)
         return std::is_nothrow_invocable_v<const Compare &, const A &, const B &> &&
                std::is_nothrow_invocable_v<const Compare &, const B &, const A &>;

@@ -76,18 +76,14 @@ protected:
 
     // ---- Asking the way
 
-    // A value that the machine compares is converted to the key's type and copied, as a parameter would be.
     template <class K> auto order(const K &sought) const {
-        using Key = typename Traits::key_type;
-        if constexpr (compared_in_place<Compare, Key> && std::is_convertible_v<const K &, Key>)
-            return key_order<Traits, Key>(compare_, static_cast<Key>(sought));
-        else if constexpr (Traits::composite && !is_key_values<K>)
-            return key_order<Traits, key_values<const K &>>(compare_, {sought, {}}); // the first part alone
-        else if constexpr (!Traits::composite && !compares<Compare, K, Key> && !compares<Compare, Key, K> &&
-                           std::is_convertible_v<const K &, Key>)
-            return key_order<Traits, Key>(compare_, static_cast<Key>(sought));
-        else
+        if constexpr (!Traits::composite) {
+            using As = sought_as<Compare, K, typename Traits::key_type>;
+            return key_order<Traits, As>(compare_, static_cast<As>(sought));
+        } else if constexpr (is_key_values<K>)
             return key_order<Traits, const K &>(compare_, sought);
+        else
+            return key_order<Traits, key_values<const K &>>(compare_, {sought, {}}); // the first part alone
     }
     // The same for the key of a record.
     auto order_of(const T &x) const {
