@@ -149,7 +149,7 @@ typedef struct AVL_Tree AVL_Tree;
  * of the operation.  The library never compares two nodes, so the two may have different forms.
  * strcmp(key, node_key) puts the smallest first, strcmp(node_key, key) the largest.
  * No branch in it should depend on a key: where ?: becomes one, (k > n) - (k < n) takes 0.65 of the time of a search at
- * random keys and 0.9 where the way can be foreseen (double, gcc 12; docs/recipes.md).
+ * random keys and 0.9 where the way can be foreseen (double, gcc 12; recipes/README.md).
  */
 typedef int (*AVL_CmpFunc)(const void *node_key, const void *key);
 

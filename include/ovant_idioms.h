@@ -2,7 +2,7 @@
  * neighbours, trees held by value, find or make, more comparators, typed wrappers.
  *
  * Everything here is static inline over the public interface, in C99 and C++; nothing is exported.  The conventions are
- * those of ovant.h.  docs/recipes.md shows each in use.
+ * those of ovant.h.  The programs in recipes/ show them in use.
  *
  * key is the key word under which the node is found: with every ready comparator but AVL_CMP_HandleDirekt the address
  * of the key inside the node serves.  side is OVANT_DIR_LEFT or OVANT_DIR_RIGHT.

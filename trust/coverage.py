@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""trust/coverage.py BUILD_FOLDER LLVM_PROFDATA LLVM_COV: what the tests reach of the library, by room.
+"""trust/coverage.py BUILD_FOLDER LLVM_PROFDATA LLVM_COV: what the tests and the recipes reach of the library, by room.
 
 Runs the test programs of a build with -fprofile-instr-generate -fcoverage-mapping -fcoverage-mcdc and adds up, over all
 instances of a template: lines, sides of branches and, where the compiler counts them, conditions that decide alone
@@ -16,6 +16,7 @@ import sys
 build, profdata, cov = sys.argv[1:]
 root = pathlib.Path(__file__).resolve().parent.parent
 programs = ["ovant_tests", "ovant_seam_tests", "ovant_typed_tests", "ovant_typed_checked_tests"]
+programs += sorted(str(p.relative_to(f"{build}/tests")) for p in pathlib.Path(build).glob("tests/recipes/recipe_*.c*"))
 
 
 def room_of(name):
@@ -30,8 +31,8 @@ def run_tests():
         folder = pathlib.Path(build, "profiles", program)
         shutil.rmtree(folder, ignore_errors=True)
         # %m: one file for each module, to which the program's children add theirs.
-        done = subprocess.run([f"{build}/tests/{program}", "--gtest_brief=1"], text=True, check=False,
-                              env=dict(os.environ, LLVM_PROFILE_FILE=f"{folder}/%m.profraw"),
+        done = subprocess.run([f"{build}/tests/{program}"], text=True, check=False,
+                              env=dict(os.environ, LLVM_PROFILE_FILE=f"{folder}/%m.profraw", GTEST_BRIEF="1"),
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
         if done.returncode:
             sys.exit(f"{done.stdout}coverage: {program} fails")

@@ -261,6 +261,26 @@ def c_suite(tree, objects, file):
                       runs=of_harness)
 
 
+def of_recipes(tree, suffix, *more):
+    """The programs of recipes/ that print something else than they say."""
+    found, program, prints = set(), str(tree / "recipe"), str(root / "tests/recipes/prints.sh")
+    for source in sorted(root.glob(f"recipes/*{suffix}")):
+        if run([compiler, "-w", f"-I{tree}/include", *more, str(source), "-o", program], seconds=600)[0]:
+            raise Stillborn("does not compile")
+        if run(["bash", prints, program, str(source)])[0]:
+            found.add(f"recipe.{source.name}")
+    return found
+
+
+def idioms_suite(tree):
+    test = tree / "idioms.o"
+    if not compile_test(tree, root / "tests/idioms_test.cpp", test):
+        raise Stillborn("does not compile")
+    yield attempt(tree, [test], [])
+    library = [str(p) for p in (work / "sound").glob("*-*.o")]
+    yield of_recipes(tree, ".c", *library, "-x", "c", "-std=c99")
+
+
 def typed_suite(tree):
     def compile_or_not(source, target, *flags):
         if not compile_test(tree, root / source, target, *flags):
@@ -270,6 +290,7 @@ def typed_suite(tree):
         test = tree / f"{name}.o"
         compile_or_not(f"tests/typed/{name}_test.cpp", test, f"-DOVANT_CHECKS={checks}")
         yield attempt(tree, [test], [], *(["-Wl,--wrap=malloc"] if name == "model" else []))
+    yield of_recipes(tree, ".cpp", "-std=c++20")
     wrong_uses = ["bash", str(root / "tests/header/errors.sh"), str(tree), compiler]
     yield {"header.errors"} if run(wrong_uses, seconds=600)[0] else set()
     compile_or_not("trust/everything.cpp", tree / "everything.o")
@@ -292,10 +313,7 @@ def judge(mutant):
             shutil.copytree(root / part, tree / part)
         (tree / mutant.file).write_text(mutant.text, encoding="utf-8")
         if mutant.file.endswith("idioms.h"):
-            test = tree / "idioms.o"
-            if not compile_test(tree, root / "tests/idioms_test.cpp", test):
-                raise Stillborn("does not compile")
-            return noticed([attempt(tree, [test], [])])
+            return noticed(idioms_suite(tree))
         objects = []
         for source in units(tree, users_of(mutant.file), pathlib.Path(mutant.file).parent.name):
             objects.append(tree / object_name(source))
@@ -352,7 +370,7 @@ def main():
     build_sound()
     for part in ("c", "include"):
         shutil.copytree(root / part, work / part)
-    for suite in c_suite(work, [], "c/frame/"), typed_suite(work): # a test that is broken would hide survivors
+    for suite in c_suite(work, [], "c/frame/"), idioms_suite(work), typed_suite(work): # a test that is broken would hide survivors
         if found := noticed(suite):
             sys.exit(f"mutants: the sound library fails in {', '.join(found)}")
     tallies = collections.Counter()

@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# refuses.sh COMPILER INCLUDE_FOLDER: a C compiler takes the right use of typed wrappers and refuses every wrong pointer.
+# A C compiler takes the right use of the typed wrappers of ovant_idioms.h and refuses every wrong pointer.
+#   refuses.sh SOURCE_FOLDER COMPILER
 set -uo pipefail
-compiler=$1 include=$2 failed=0
+source=$1 compiler=$2 failed=0
 
 compile() { # compile LINK_MEMBER STATEMENT
-    "$compiler" -std=c99 -Wall -Werror -fsyntax-only -I"$include" -x c - 2>&1 <<TEXT
+    "$compiler" -std=c99 -Wall -Werror -fsyntax-only -I"$source/include" -x c - 2>&1 <<TEXT
 #include "ovant_idioms.h"
 struct job { AVL_Link link; int32_t prio; };
 struct timer { AVL_Link link; int32_t due; };

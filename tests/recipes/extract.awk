@@ -1,16 +1,16 @@
-# Writes the programs of a page into files beside each other, and what the page says that they print (the plain block that
-# follows): timers.c and timers.txt.  A program is a C or C++ block that begins with its file name in a comment; where
-# all of a page's blocks are programs, -v page=NAME names them instead.
+# Writes the C and the C++ program of README.md into readme.c and readme.cpp, and at their ends what the page says that
+# both print: the plain block that follows.
 /^```/ {
-    file = inside || !name || $0 != "```" ? "" : name ".txt"
-    suffix = inside ? "" : $0 == "```c" ? ".c" : $0 == "```c++" ? ".cpp" : ""
+    file = inside ? "" : $0 == "```c" ? "readme.c" : $0 == "```c++" ? "readme.cpp" : ""
+    if (file) programs[file]
+    printed = !inside && !file && $0 == "```" && length(programs)
+    for (program in programs)
+        if (printed) print "/* prints" > program
+        else if (closing) print "*/" > program
+    if (closing) exit
+    closing = printed
     inside = !inside
-    if (file) name = ""
     next
 }
-suffix {
-    name = page ? page : substr($2, 1, length($2) - length(suffix))
-    file = name suffix
-    suffix = ""
-}
 inside && file { print > file }
+closing { for (program in programs) print > program }

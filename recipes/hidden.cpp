@@ -1,0 +1,63 @@
+// A link that nobody else sees.  A tree needs the link's name where its type is written, and nowhere else: a friend
+// writes it.  The link may as well stand in a base, as the key may, and the record may be of any kind: polymorphic,
+// over- aligned, final.
+#include <ovant.hpp>
+
+#include <iostream>
+#include <string>
+
+class Shape {
+public:
+    explicit Shape(int z) : depth(z) {}
+    virtual ~Shape() = default;
+    virtual std::string name() const = 0;
+    const int depth;
+
+private:
+    ovant::link link_;
+    friend class Scene;
+};
+
+struct alignas(64) Circle final : Shape {
+    using Shape::Shape;
+    std::string name() const override { return "circle"; }
+};
+struct Square final : Shape {
+    using Shape::Shape;
+    std::string name() const override { return "square"; }
+};
+
+// From the back to the front, and first come first drawn where two lie equally deep.
+class Scene {
+public:
+    void add(Shape &shape) { shapes_.insert(shape); }
+    void hide(Shape &shape) {
+        if (shapes_.holds(shape))
+            shapes_.erase(shape);
+    }
+    void draw() const {
+        for (const Shape &shape : shapes_)
+            std::cout << shape.name() << " at " << shape.depth << '\n';
+    }
+
+private:
+    ovant::multiset<&Shape::link_, &Shape::depth, std::greater<>> shapes_;
+};
+
+int main() {
+    Circle near(1), far(9);
+    Square middle(5), beside(5);
+    Scene scene;
+    for (Shape *shape : {static_cast<Shape *>(&near), static_cast<Shape *>(&middle), static_cast<Shape *>(&beside),
+                         static_cast<Shape *>(&far)})
+        scene.add(*shape);
+    scene.hide(middle);
+    scene.hide(middle); // is not there any more
+    scene.draw();
+}
+
+/* prints
+circle at 9
+square at 5
+circle at 1
+*/
