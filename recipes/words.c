@@ -14,7 +14,7 @@ struct word {
 struct pool {
     char text[100];
     uint32_t used;
-    struct word words[10];
+    struct word words[4];
     size_t made;
 };
 struct probe { /* what the key word of every operation points to */
@@ -31,7 +31,7 @@ static void *make(const void *key, void *context) {
     struct pool *pool = (struct pool *)context;
     struct word *word = &pool->words[pool->made];
     const char *text = ((const struct probe *)key)->text;
-    if (pool->made == 10 || pool->used + strlen(text) >= sizeof pool->text)
+    if (pool->made == sizeof pool->words / sizeof *pool->words || pool->used + strlen(text) >= sizeof pool->text)
         return NULL;
     pool->made++;
     word->offset = pool->used;
@@ -41,7 +41,7 @@ static void *make(const void *key, void *context) {
 }
 
 int main(void) {
-    static const char *const text[] = {"to", "be", "or", "not", "to", "be"};
+    static const char *const text[] = {"to", "be", "or", "not", "to", "be", "that"};
     static struct pool pool;
     AVL_Tree *tree = AVL_Konstruktor(offsetof(struct word, link), AVL_GetNodeFuncPtrRetNULL(),
                                      offsetof(struct word, offset), compare, NULL);
@@ -52,9 +52,10 @@ int main(void) {
     for (i = 0; i < sizeof text / sizeof *text; i++) {
         struct probe probe = {text[i], &pool};
         struct word *word = (struct word *)ovant_find_or_make(tree, &probe, make, &pool);
-        if (!word)
-            return 1;
-        word->count++;
+        if (word)
+            word->count++;
+        else
+            printf("no room for \"%s\"\n", text[i]);
     }
     for (at = AVL_WalkSuccInorder(tree, NULL); at->Node; at = AVL_WalkSuccInorder(tree, at)) {
         const struct word *word = (const struct word *)at->Node;
@@ -65,6 +66,7 @@ int main(void) {
 }
 
 /* prints
+no room for "that"
 2 be
 1 not
 1 or

@@ -77,23 +77,17 @@ concept machine_value = std::is_arithmetic_v<K> || std::is_enum_v<K> || std::is_
 template <class Compare, class K>
 concept compared_in_place = machine_value<K> && std::is_same_v<Compare, std::compare_three_way>;
 
-// The type in which what is sought, an A, goes to a comparator beside a key B: its own, if it is taken there; that of a
-// pointer, for an array such as a literal that is taken as one; that of the key, if there is a conversion.
-template <class Compare, class A, class B> constexpr auto way_to_seek() {
-    constexpr auto taken = []<class X>(kept<X>) { return compares<Compare, X, B> || compares<Compare, B, X>; };
-    if constexpr (compared_in_place<Compare, B> && std::is_convertible_v<const A &, B>)
-        return kept<B>();
-    else if constexpr (taken(kept<A>()))
-        return kept<const A &>();
-    else if constexpr (std::is_array_v<A> && taken(kept<std::decay_t<const A>>()))
-        return kept<std::decay_t<const A>>();
-    else if constexpr (std::is_convertible_v<const A &, B>)
-        return kept<B>();
-    else
-        return kept<const A &>();
-}
+// The type in which what is sought, an A, goes to a comparator beside a key B: the key's, where the machine compares
+// it; its own, if that is taken; a pointer's, for an array such as a literal that is taken as one; or else the key's.
 template <class Compare, class A, class B>
-using sought_as = typename decltype(way_to_seek<Compare, A, std::remove_cvref_t<B>>())::type;
+concept taken = compares<Compare, A, B> || compares<Compare, B, A>;
+template <class Compare, class A, class B>
+concept taken_as_pointer = std::is_array_v<A> && !taken<Compare, A, B> && taken<Compare, std::decay_t<const A>, B>;
+template <class Compare, class A, class B>
+concept converted = std::is_convertible_v<const A &, B> &&(compared_in_place<Compare, B> || !taken<Compare, A, B>);
+template <class Compare, class A, class B>
+using sought_as = std::conditional_t<taken_as_pointer<Compare, A, B>, std::decay_t<const A>,
+                                     std::conditional_t<converted<Compare, A, B>, B, const A &>>;
 
 struct direction {
     int dir;
