@@ -1,5 +1,5 @@
 /* An order book.  A key of two parts keeps the orders of one price apart, so that a cancel costs a descent, and not
- * a walk along all orders of its price. Where only the price matters a rank with the number 0 is the bound. */
+ * a walk along all orders of its price.  Where only the price matters a rank with the number 0 is the bound. */
 #include <ovant_idioms.h>
 #include <stdio.h>
 

@@ -1,5 +1,5 @@
-/* A comparator without branches.  At random keys no processor can foresee which way a search turns. So the descents
- * of the library do not branch there, and a comparator should not either. Which of these forms has branches, the
+/* A comparator without branches.  At random keys no processor can foresee which way a search turns.  So the descents
+ * of the library do not branch there, and a comparator should not either.  Which of these forms has branches, the
  * compiler decides. */
 #include <ovant_idioms.h>
 #include <stdio.h>

@@ -1,5 +1,5 @@
 /* Costs.  Comparisons for a call, on average over all nodes of trees with 1,000 and 10,000 keys that came in no
- * order, and with 10,000 nodes in runs of ten that match one key. ovant_remove and ovant_neighbour compare as often
+ * order, and with 10,000 nodes in runs of ten that match one key.  ovant_remove and ovant_neighbour compare as often
  * as ovant_path. */
 #include <ovant_idioms.h>
 #include <stdio.h>

@@ -1,8 +1,9 @@
 // A link that nobody else sees.  A tree needs the link's name where its type is written, and nowhere else: a friend
 // writes it.  The link may as well stand in a base, as the key may, and the record may be of any kind: polymorphic,
-// over- aligned, final.
+// over-aligned, final.
 #include <ovant.hpp>
 
+#include <functional>
 #include <iostream>
 #include <string>
 

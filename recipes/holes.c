@@ -1,7 +1,7 @@
-/* Free memory.  Each hole stands in two trees, so that the smallest one that is large enough is one search by size, and
- * its neighbours, with which it is joined when they touch, are found by address. To take or to give units is a few
- * descents, whatever the number of holes; only among many holes of one size it takes a step for each of them to find a
- * certain one. The records of the holes lie in the holes themselves. */
+/* Free memory.  Each hole stands in two trees, so that the smallest one that is large enough is one search by size,
+ * and its neighbours, with which it is joined when they touch, are found by address.  To take or to give units is a
+ * few descents, whatever the number of holes; only among many holes of one size it takes a step for each of them to
+ * find a certain one.  The records of the holes lie in the holes themselves. */
 #include <ovant_idioms.h>
 #include <stdio.h>
 

@@ -1,6 +1,6 @@
 /* Intervals.  In a tree ordered by where intervals begin, those that overlap a window are among the ones that begin
- * before it ends, but no longer ago than the longest interval lasts. That is one descent, and one step for each
- * interval that begins in this stretch. It suits intervals of similar length: a very long one makes every question
+ * before it ends, but no longer ago than the longest interval lasts.  That is one descent, and one step for each
+ * interval that begins in this stretch.  It suits intervals of similar length: a very long one makes every question
  * look at all that began since. */
 #include <ovant_idioms.h>
 #include <stdio.h>

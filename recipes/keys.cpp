@@ -3,6 +3,7 @@
 // search takes what the comparator takes beside the key: no string is made to look for one.
 #include <ovant.hpp>
 
+#include <cstdlib>
 #include <functional>
 #include <iostream>
 #include <string>

@@ -1,6 +1,6 @@
-/* An LRU cache.  One record in two trees: by number to find it, by the time of its last use to find the oldest. A
+/* An LRU cache.  One record in two trees: by number to find it, by the time of its last use to find the oldest.  A
  * hit is a search, a removal and an insertion; a miss in a full cache takes the first page of one tree out of the
- * other. It costs 34 bytes of links for each page. */
+ * other.  It costs 34 bytes of links for each page. */
 #include <ovant_idioms.h>
 #include <stdio.h>
 

@@ -1,8 +1,8 @@
-/* Several positions in one tree.  A tree has one path stack and so one position for walks. Pointers to nodes are
+/* Several positions in one tree.  A tree has one path stack and so one position for walks.  Pointers to nodes are
  * positions too, any number of them: where no two nodes match a key, AVL_SearchSucc goes on from one, at a descent
- * for each step. A walk steps for much less, and for a second one at the same time a copy of the descriptor looks at
- * the same nodes with a Stack of its own: 1,512 bytes, no comparison. Both may walk and search until a node comes or
- * goes; then put the root into the copy again. */
+ * for each step.  A walk steps for much less, and for a second one at the same time a copy of the descriptor looks
+ * at the same nodes with a Stack of its own: 1,512 bytes, no comparison.  Both may walk and search until a node
+ * comes or goes; then put the root into the copy again. */
 #include <ovant_idioms.h>
 #include <stdio.h>
 

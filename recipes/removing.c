@@ -1,5 +1,5 @@
-/* Removing while walking.  A removal ends the walk. So the walk steps on first, and comes back to where it was by a
- * new path: two to four descents for each node that goes, a step for each that stays. A range needs no walk:
+/* Removing while walking.  A removal ends the walk.  So the walk steps on first, and comes back to where it was by a
+ * new path: two to four descents for each node that goes, a step for each that stays.  A range needs no walk:
  * AVL_DelBetweenEqualEqual and its sisters remove it at once. */
 #include <ovant_idioms.h>
 #include <stdio.h>

@@ -1,8 +1,8 @@
 /* Timers with cancel.  OVANT_TYPED makes functions for one record type and its key, so that a compiler refuses
- * anything else. To arm is one descent. To cancel takes out this very timer, also where others are due at the same
- * moment: two descents at most, and a step for each timer of that moment that was armed before it. Whatever has come
- * due leaves by one cut, however many timers that is, and is served from a tree of its own. So timers may be armed
- * meanwhile, and cancelled: one that is due and not yet served stands in that tree. */
+ * anything else.  To arm is one descent.  To cancel takes out this very timer, also where others are due at the same
+ * moment: two descents at most, and a step for each timer of that moment that was armed before it.  Whatever has
+ * come due leaves by one cut, however many timers that is, and is served from a tree of its own.  So timers may be
+ * armed meanwhile, and cancelled: one that is due and not yet served stands in that tree. */
 #include <ovant_idioms.h>
 #include <stdio.h>
 

@@ -1,5 +1,5 @@
-/* Trees by value.  Very many small trees need no descriptors. What has to be kept of a tree is its root; one
- * descriptor lends its Stack and its comparator to whichever tree is at hand. To put a root in or to take it out is
+/* Trees by value.  Very many small trees need no descriptors.  What has to be kept of a tree is its root; one
+ * descriptor lends its Stack and its comparator to whichever tree is at hand.  To put a root in or to take it out is
  * a few instructions. */
 #include <ovant_idioms.h>
 #include <stdio.h>

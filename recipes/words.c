@@ -1,5 +1,5 @@
-/* A comparator that needs to know more.  The library does not read a key word, it hands it on. So the key word may
- * point to a struct that holds the key and whatever else it takes to understand a node. ovant_find_or_make calls
+/* A comparator that needs to know more.  The library does not read a key word, it hands it on.  So the key word may
+ * point to a struct that holds the key and whatever else it takes to understand a node.  ovant_find_or_make calls
  * make for new words only, and hangs the node at the place to which its search has led. */
 #include <ovant_idioms.h>
 #include <stdio.h>
