@@ -48,9 +48,9 @@ private:
 int main() {
     Circle near(1), far(9);
     Square middle(5), beside(5);
+    Shape *const shapes[] = {&near, &middle, &beside, &far};
     Scene scene;
-    for (Shape *shape : {static_cast<Shape *>(&near), static_cast<Shape *>(&middle), static_cast<Shape *>(&beside),
-                         static_cast<Shape *>(&far)})
+    for (Shape *shape : shapes)
         scene.add(*shape);
     scene.hide(middle);
     scene.hide(middle); // is not there any more
