@@ -11,5 +11,9 @@ program=$2
 # One server stays for all programs, and a minute longer: where it ends with the last of them, it turns away the one
 # that comes just then.  A second server finds the first and leaves at once, with an exit status.
 mkdir -p "$WINEPREFIX"
-wineserver -p60 2>/dev/null
-wine64 "$program" "${@:3}" | tr -d '\r'
+wineserver -p60 &>/dev/null
+# Wine leaves services behind that hold on to what the first program writes to, so that is no pipe that somebody reads
+# to its end.
+written=$(mktemp -d)
+trap 'cat "$written/err" >&2; tr -d "\r" <"$written/out"; rm -rf "$written"' EXIT
+wine64 "$program" "${@:3}" >"$written/out" 2>"$written/err"
