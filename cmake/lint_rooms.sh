@@ -3,7 +3,7 @@
 # itself and the rooms before it; the .cpp files of platform/ are leaves that may name a report.
 set -euo pipefail
 cd "$(dirname "$0")/.."
-rooms=(platform frame compare balance navigate update diagnostics range)
+rooms=(platform frame compare navigate update diagnostics range)
 failed=0
 
 only() { # only FOLDER ALLOWED: a regular expression over the names between the quotes
@@ -19,5 +19,6 @@ for i in "${!rooms[@]}"; do
     [ "${rooms[i]}" != platform ] || allowed='ovant\.h|platform/.*|frame/report\.hpp'
     only "c/${rooms[i]}" "$allowed"
 done
+diff <(printf 'c/%s/\n' "${rooms[@]}" | sort) <(printf '%s\n' c/*/ | sort) >&2 || failed=1 # all rooms, and no others
 if grep -nE 'include "frame/' c/platform/*.hpp >&2; then failed=1; fi
 exit $failed

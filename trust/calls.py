@@ -4,6 +4,8 @@
 No function calls itself, directly or round a corner.  Memory is taken by those named below alone.  No frame is larger
 than 256 bytes but for those that trust/frames.txt names, with what they need.  Needs g++.
 """
+import concurrent.futures
+import os
 import pathlib
 import re
 import subprocess
@@ -20,14 +22,20 @@ may_allocate = {"AVL_Konstruktor", "AVL_Copy", "malloc_Stack_Deepth", "malloc_St
                 "AVL_Malloc_CountKey8", "AVL_Malloc_CountKeyString"}
 
 
-def graph(folder, sources, *flags):
-    """The functions with the bytes of their frames, and who calls whom."""
-    frames, calls = {}, {}
-    for source in sources:
-        out = pathlib.Path(folder, source.parent.name + "-" + source.stem)
+def compile_all(pool, folder, sources, *flags):
+    """What the compiler tells of each source, as it comes."""
+    def told(source):
+        out = pathlib.Path(folder, "".join(flags) + source.parent.name + "-" + source.stem)
         subprocess.run(["g++", "-std=c++20", *flags, "-DNDEBUG", "-fno-exceptions", "-fno-rtti", "-fcallgraph-info=su",
                         f"-I{root}/c", f"-I{root}/include", "-c", str(source), "-o", f"{out}.o"], check=True)
-        text = out.with_suffix(".ci").read_text(encoding="utf-8")
+        return out.with_suffix(".ci").read_text(encoding="utf-8")
+    return pool.map(told, sources)
+
+
+def graph(texts):
+    """The functions with the bytes of their frames, and who calls whom."""
+    frames, calls = {}, {}
+    for text in texts:
         for name, label in re.findall(r'^node: \{ title: "([^"]*)" label: "([^"]*)"', text, re.M):
             size = re.search(r"(\d+) bytes", label)
             if size:
@@ -62,9 +70,14 @@ def main():
     library = sorted(set(root.glob("c/*/*.cpp")) - set(root.glob("c/platform/windows*")))
     everything = root / "trust/everything.cpp" # each name of the C++ face once
     complaints = []
-    with tempfile.TemporaryDirectory() as folder:
+    with tempfile.TemporaryDirectory() as folder, concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         # Not optimised: every call of the source is in it.
-        frames, calls = graph(folder, [*library, everything], "-O0")
+        plain = compile_all(pool, folder, [everything, *library], "-O0")
+        # The library as it is built, where what is inlined counts with its caller; the headers function by function.
+        of_headers = compile_all(pool, folder, [everything], "-O1", "-fno-inline")
+        of_library = compile_all(pool, folder, library, "-O2", "-DOVANT_NO_SPLIT_PATHS")
+
+        frames, calls = graph(plain)
         reached = {name: reached_from(calls, name) for name in frames}
         complaints += [f"calls itself: {name}" for name in reached if name in reached[name]]
         allocate = {name for name in reached if reached[name] & allocators and name[:2] != "_Z"}
@@ -74,10 +87,8 @@ def main():
         complaints += [f"named in calls.py and takes no memory: {name}" for name in sorted(may_allocate - allocate)]
         count = len([name for name in frames if is_ours(name) or name[:2] != "_Z"])
 
-        # The library as it is built, where what is inlined counts with its caller; the headers function by function.
-        frames = graph(folder, [everything], "-O1", "-fno-inline")[0]
-        frames = {name: size for name, size in frames.items() if is_ours(name)}
-        frames |= graph(folder, library, "-O2", "-DOVANT_NO_SPLIT_PATHS")[0]
+        frames = {name: size for name, size in graph(of_headers)[0].items() if is_ours(name)}
+        frames |= graph(of_library)[0]
         limits = [line.split("  # ")[0].split(None, 1) for line in
                   root.joinpath("trust/frames.txt").read_text(encoding="utf-8").splitlines() if line[:1].isdigit()]
         met = set()

@@ -306,11 +306,16 @@ def noticed(suite):
     return sorted(found)
 
 
-def judge(mutant):
+def copy_of_library():
     tree = pathlib.Path(tempfile.mkdtemp(dir=work))
+    for part in ("c", "include"):
+        shutil.copytree(root / part, tree / part)
+    return tree
+
+
+def judge(mutant):
+    tree = copy_of_library()
     try:
-        for part in ("c", "include"):
-            shutil.copytree(root / part, tree / part)
         (tree / mutant.file).write_text(mutant.text, encoding="utf-8")
         if mutant.file.endswith("idioms.h"):
             return noticed(idioms_suite(tree))
@@ -368,11 +373,11 @@ def main():
         print(f"{count} out of {len(everything)} by the seed {seed}", flush=True)
     harmless = set(equivalents())
     build_sound()
-    for part in ("c", "include"):
-        shutil.copytree(root / part, work / part)
-    for suite in c_suite(work, [], "c/frame/"), idioms_suite(work), typed_suite(work): # a test that is broken would hide survivors
-        if found := noticed(suite):
-            sys.exit(f"mutants: the sound library fails in {', '.join(found)}")
+    suites = typed_suite, lambda tree: c_suite(tree, [], "c/frame/"), idioms_suite
+    with concurrent.futures.ThreadPoolExecutor(jobs) as pool: # a test that is broken would hide survivors
+        for found in pool.map(lambda suite: noticed(suite(copy_of_library())), suites):
+            if found:
+                sys.exit(f"mutants: the sound library fails in {', '.join(found)}")
     tallies = collections.Counter()
     survivors, notices, only = [], collections.Counter(), collections.Counter()
     wanted = count or len(drawn)
