@@ -332,6 +332,14 @@ def judge(mutant):
         shutil.rmtree(tree)
 
 
+def require_sound(pool, futures):
+    """A test that the library fails as it stands would hide survivors."""
+    for future in futures:
+        if found := future.result():
+            pool.shutdown(wait=False, cancel_futures=True)
+            sys.exit(f"mutants: the sound library fails in {', '.join(found)}")
+
+
 def equivalents():
     """FILE: LINE => LINE  # REASON, as the list of survivors shows it."""
     for line in root.joinpath("trust/equivalent.txt").read_text(encoding="utf-8").splitlines():
@@ -373,15 +381,12 @@ def main():
         print(f"{count} out of {len(everything)} by the seed {seed}", flush=True)
     harmless = set(equivalents())
     build_sound()
-    suites = typed_suite, lambda tree: c_suite(tree, [], "c/frame/"), idioms_suite
-    with concurrent.futures.ThreadPoolExecutor(jobs) as pool: # a test that is broken would hide survivors
-        for found in pool.map(lambda suite: noticed(suite(copy_of_library())), suites):
-            if found:
-                sys.exit(f"mutants: the sound library fails in {', '.join(found)}")
     tallies = collections.Counter()
     survivors, notices, only = [], collections.Counter(), collections.Counter()
     wanted = count or len(drawn)
     with concurrent.futures.ThreadPoolExecutor(jobs) as pool:
+        suites = typed_suite, lambda tree: c_suite(tree, [], "c/frame/"), idioms_suite
+        sound = [pool.submit(lambda suite=suite: noticed(suite(copy_of_library()))) for suite in suites]
         queue = iter(drawn)
         running = {}
         while tallies["noticed"] + tallies["survived"] + tallies["equivalent"] < wanted:
@@ -389,6 +394,7 @@ def main():
                 running[pool.submit(judge, mutant)] = mutant
             if not running:
                 break
+            require_sound(pool, [future for future in sound if future.done()])
             for future in concurrent.futures.wait(running, return_when="FIRST_COMPLETED").done:
                 mutant = running.pop(future)
                 try:
@@ -408,6 +414,7 @@ def main():
                 print(f"{by:44} {mutant.file}:{mutant.line}: {mutant.old} => {mutant.new}", flush=True)
         for future in running:
             future.cancel()
+        require_sound(pool, sound)
     real = tallies["noticed"] + tallies["survived"]
     print(f"\n{real + tallies['equivalent']} mutants: {tallies['noticed']} noticed, "
           f"{tallies['equivalent']} equivalent, {tallies['survived']} survived "

@@ -59,6 +59,7 @@ inline Parted part(const std::vector<Node> &order, const RangeOp &op, int first,
         return std::array{std::size_t{0}, run.front, run.back, order.size()}[static_cast<std::size_t>(at)];
     };
     Parted parted{position(first, op.first), position(second, op.second), {}, {}};
+    parted.goes.reserve(order.size()), parted.stays.reserve(order.size());
     for (std::size_t i = 0; i < order.size(); i++)
         ((i >= parted.first && i < parted.second) != op.outside ? parted.goes : parted.stays).push_back(order[i]);
     return parted;
