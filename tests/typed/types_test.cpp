@@ -138,18 +138,22 @@ static_assert(walks<Quiet> && walks<Voiced<&Spoken::hushed>> && !walks<Voiced<&S
 
 // Comparators that take what is sought on one side alone, and quietly there; a conversion would be wrong, and loud.
 struct Year {
+    explicit Year(int y) : year(y) {}
+    Year(const Year &) = delete; // no copy is made
     int year;
 };
 struct Era : Year {
+    using Year::Year;
     operator int() const { return -1; }
 };
 struct YearFirst {
     int operator()(int a, int b) const noexcept { return a - b; }
-    int operator()(Era a, int b) const noexcept { return a.year - b; }
+    int operator()(const Era &a, int b) const noexcept { return a.year - b; }
+    int operator()(const int (&any)[2], int b) const { return b < any[0] ? 1 : b > any[1] ? -1 : 0; }
 };
 struct YearLast {
     int operator()(int a, int b) const noexcept { return a - b; }
-    int operator()(int a, Year b) const noexcept { return a - b.year; }
+    int operator()(int a, const Year &b) const noexcept { return a - b.year; }
 };
 struct Named {
     std::string name;
@@ -166,9 +170,13 @@ TEST(Keys, AreSoughtFromTheSideThatTheComparatorTakes) {
     Voiced<&Spoken::quiet, YearFirst> years;
     Voiced<&Spoken::quiet, YearLast> years_too;
     years.insert(first), years.insert(second);
-    EXPECT_EQ(&*years.find(Era{{2}}), &second);
+    constexpr int late[] = {2, 9};
+    EXPECT_TRUE(&*years.find(Era(2)) == &second && &*years.find(late) == &second);
     years_too.adopt(years.release());
-    EXPECT_EQ(&*years_too.find(Year{1}), &first);
+    EXPECT_EQ(&*years_too.find(Year(1)), &first);
+    Voiced<&Spoken::quiet> numbers;
+    numbers.adopt(years_too.release());
+    EXPECT_EQ(&*numbers.find(1.5), &first); // converted to the key's type
 }
 
 struct Owned {
