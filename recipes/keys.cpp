@@ -34,8 +34,12 @@ template <class Tree> void show(const char *order, Tree &&tree, Peak (&peaks)[4]
     std::cout << order << ':';
     for (const Peak &peak : tree)
         std::cout << ' ' << peak.name;
-    std::cout << '\n';
-} // the tree ends, the peaks stay
+    bool sound = !tree.check();
+    for (Peak &peak : peaks)
+        if (tree.holds(peak)) // this very one: a set may have refused it
+            sound = sound && tree.extract(peak) == &peak;
+    std::cout << (sound && tree.empty() ? "\n" : ", and something is wrong\n");
+}
 
 int main() {
     using ovant::keys, ovant::multiset, ovant::set;
@@ -50,6 +54,7 @@ int main() {
          set<&Peak::link, &Peak::name, bool (*)(const std::string &, const std::string &)>(shorter), peaks);
     show("by range", multiset<&Peak::link, &Peak::range>(), peaks);
     show("by range, then name", set<&Peak::link, keys<&Peak::range, &Peak::name>, std::less<>>(), peaks);
+    show("by length, then height", multiset<&Peak::link, keys<length, &Peak::height>, std::less<>>(), peaks);
     show("by nearness to 4000", set<&Peak::link, &Peak::height, nearest>(nearest{4000}), peaks);
 
     set<&Peak::link, &Peak::name> names;
@@ -76,6 +81,7 @@ by length: Eiger Niesen Moench Jungfrau
 in a set, by a predicate of the length: Eiger Niesen Jungfrau
 by range: Niesen Moench Eiger Jungfrau
 by range, then name: Niesen Eiger Jungfrau Moench
+by length, then height: Eiger Niesen Moench Jungfrau
 by nearness to 4000: Eiger Moench Jungfrau Niesen
 Eiger is the highest, 2 stand before M
 */

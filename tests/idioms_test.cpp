@@ -89,13 +89,16 @@ struct Job {
 };
 OVANT_TYPED(jobs, Job, link, prio, ovant_compare_int32);
 
-TEST(Idioms, TypedWrappersThatNoRecipeHas) {
+TEST(Idioms, WhatNoRecipeShows) {
     AVL_Tree *const tree = jobs_new();
     Job job[] = {{0, {}, 1}, {0, {}, 2}, {0, {}, 3}};
     for (Job &j : job)
         jobs_insert(tree, &j);
     EXPECT_TRUE(jobs_upper_bound(tree, &job[1].prio) == &job[2] && jobs_link(&job[1]) == &job[1].link);
     EXPECT_TRUE(jobs_replace(tree, &job[1]) == nullptr && jobs_take_last(tree) == &job[2]);
+    void *const root = tree->Root;
+    EXPECT_TRUE(ovant_put_tree(tree, nullptr) == root && !tree->Root);
+    EXPECT_TRUE(!ovant_put_tree(tree, root) && tree->Root == root);
     AVL_Destruktor(tree);
 }
 

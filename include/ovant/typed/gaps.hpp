@@ -14,6 +14,9 @@ namespace typed {
 template <class K, engine::Edge E> struct key_gap { K key; };
 template <class Pred> struct partition_gap { Pred in_front; };
 
+template <class K> struct kept { using type = K; };
+template <class K> struct kept<K &> { using type = const K &; };
+
 template <class G> inline constexpr bool is_gap = false;
 template <class K, engine::Edge E> inline constexpr bool is_gap<key_gap<K, E>> = true;
 template <class Pred> inline constexpr bool is_gap<partition_gap<Pred>> = true;

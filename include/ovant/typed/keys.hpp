@@ -35,9 +35,6 @@ template <class... Values> constexpr key_values<Values...> key(Values... values)
 
 namespace typed {
 
-template <class K> struct kept { using type = K; };
-template <class K> struct kept<K &> { using type = const K &; };
-
 template <class K> inline constexpr bool is_key_values = false;
 template <class... Values> inline constexpr bool is_key_values<key_values<Values...>> = true;
 
